@@ -1,0 +1,48 @@
+# How everything of the project is compiled, and the two functions that make its targets.
+
+include(GoogleTest)
+
+add_library(tidewright_compile_options INTERFACE)
+target_compile_features(tidewright_compile_options INTERFACE cxx_std_20)
+# No fused multiply-add: the simulation gives the same digits on every machine.
+target_compile_options(tidewright_compile_options INTERFACE
+    -ffp-contract=off -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor)
+if(TIDEWRIGHT_WARNINGS_AS_ERRORS)
+    target_compile_options(tidewright_compile_options INTERFACE -Werror)
+endif()
+if(TIDEWRIGHT_SANITIZERS)
+    add_compile_options(-fsanitize=${TIDEWRIGHT_SANITIZERS} -fno-omit-frame-pointer
+        -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${TIDEWRIGHT_SANITIZERS})
+endif()
+
+# tidewright_library(<room> SOURCES <cpp>... [USES <target>...] [HIDES <target>...])
+# Makes the library of one room, tidewright::<room>. USES: named in the room's headers; HIDES: used
+# in its sources only. A room sees the headers of the rooms it uses and of no other: each one's
+# include directory holds nothing but a link to that room's folder.
+function(tidewright_library room)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;HIDES")
+    set(target tidewright_${room})
+    set(door ${PROJECT_BINARY_DIR}/include/${room})
+    file(MAKE_DIRECTORY ${door})
+    file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${door}/${room} SYMBOLIC)
+    add_library(${target} STATIC ${arg_SOURCES})
+    add_library(tidewright::${room} ALIAS ${target})
+    target_include_directories(${target} PUBLIC ${door})
+    target_link_libraries(${target}
+        PUBLIC ${arg_USES}
+        PRIVATE tidewright_compile_options ${arg_HIDES})
+endfunction()
+
+# tidewright_test(<room> SOURCES <cpp>... [USES <target>...])
+# Makes the test program of one room; every TEST becomes a CTest case named <room>.<suite>.<test>.
+function(tidewright_test room)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
+    set(target tidewright_${room}_tests)
+    add_executable(${target} ${arg_SOURCES})
+    target_link_libraries(${target} PRIVATE
+        tidewright_compile_options tidewright::${room} tidewright_test_support ${arg_USES}
+        GTest::gtest_main GTest::gmock)
+    gtest_discover_tests(${target} TEST_PREFIX ${room}. DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 120)
+endfunction()

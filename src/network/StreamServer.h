@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "network/SharedBytes.h"
+
+namespace tidewright::network {
+
+/// Why a server could not start.
+struct StartFailure {
+    std::string domain;       ///< "nmea.tcp", or "system" for an error of the host
+    int code = 0;             ///< within the domain
+    std::string description;  ///< for the user
+};
+
+/// The stream side of the gateway: every client receives the same sentences.
+class StreamServer {
+public:
+    using ClientsChanged = std::function<void(const std::vector<std::string>& addresses)>;
+    using Failed = std::function<void(const std::string& description)>;
+
+    virtual ~StreamServer() = default;
+
+    /// Called on the main thread with the addresses of the connected clients, sorted as text, one
+    /// entry a client, whenever that list may have changed. Set before start().
+    ClientsChanged onClientsChanged;
+
+    /// Called on the main thread, never from inside start(), when the listener of the latest
+    /// start() fails: a port already in use, for instance. Set before start().
+    Failed onFailed;
+
+    /// Stops, then listens on `port`. Nothing on success; why not, for a port that cannot be used
+    /// (0) or a socket that cannot be made.
+    virtual std::optional<StartFailure> start(std::uint16_t port) = 0;
+
+    /// Closes every client and the listener, and returns when that is done; the port is free again.
+    /// An empty client list is reported. Harmless when already stopped.
+    virtual void stop() = 0;
+
+    /// Sends `sentence` to every client, and returns at once. Failures are silent.
+    virtual void broadcast(SharedBytes sentence) = 0;
+
+    /// Closes every client, and returns at once. The listener stays: they may come back.
+    virtual void dropAllClients() = 0;
+};
+
+}  // namespace tidewright::network
