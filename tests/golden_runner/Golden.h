@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tidewright::golden {
+
+class Table;
+
+/// One line of a table; asking for a column that it lacks ends the run.
+class Row {
+public:
+    Row(const Table& table, std::size_t line, std::vector<std::string> cells);
+
+    bool has(std::string_view column) const { return !cell(column).empty(); }
+    const std::string& text(std::string_view column) const { return cell(column); }
+    double number(std::string_view column) const;
+    std::optional<double> optionalNumber(std::string_view column) const;
+    std::int64_t integer(std::string_view column) const;
+    std::uint64_t natural(std::string_view column) const;
+    std::uint64_t hex(std::string_view column) const;
+    bool flag(std::string_view column) const { return integer(column) != 0; }
+
+    // Each compares what the program gives with the column and notes a difference.
+    void expectText(std::string_view column, std::string_view actual) const;
+    void expectInteger(std::string_view column, std::int64_t actual) const;
+    void expectNatural(std::string_view column, std::uint64_t actual) const;
+    void expectFlag(std::string_view column, bool actual) const;
+    void expectHex(std::string_view column, std::uint64_t actual) const;
+    void expectExactly(std::string_view column, double actual) const;
+    /// Within `tolerance`, in the column's unit.
+    void expectNear(std::string_view column, double actual, double tolerance) const;
+    /// Within 1e-12 x max(1, expected).
+    void expectClose(std::string_view column, double actual) const;
+    /// As expectNear, modulo 360.
+    void expectAngle(std::string_view column, double actual, double tolerance) const;
+
+    /// Notes a difference that is not about one column.
+    void fail(const std::string& message) const;
+
+private:
+    const std::string& cell(std::string_view column) const;
+
+    const Table* table_;
+    std::size_t line_;
+    std::vector<std::string> cells_;
+};
+
+/// A table, with a count of the rows that were taken out of it for comparison.
+class Table {
+public:
+    Table(std::string name, const std::filesystem::path& file);
+    Table(const Table&) = delete;
+    Table& operator=(const Table&) = delete;
+
+    const std::string& name() const { return name_; }
+    const std::vector<std::string>& columns() const { return columns_; }
+    std::size_t size() const { return rows_.size(); }
+    std::size_t taken() const { return taken_; }
+
+    /// All rows.
+    const std::vector<Row>& rows();
+    /// The rows whose `column` holds `value`, in order.
+    std::vector<Row> rowsWhere(std::string_view column, std::string_view value);
+
+private:
+    std::string name_;
+    std::vector<std::string> columns_;
+    std::vector<Row> rows_;
+    std::size_t taken_ = 0;
+};
+
+/// The tables of a directory.
+class Tables {
+public:
+    explicit Tables(const std::filesystem::path& directory);
+
+    /// Ends the run if there is no such table or it is empty.
+    Table& operator[](const std::string& name);
+    /// Null if there is no such table.
+    Table* find(const std::string& name);
+    /// Prints the count of rows per table and notes the tables of which a row was left over.
+    void report() const;
+
+private:
+    std::map<std::string, Table> tables_;
+};
+
+/// The differences noted so far.
+int failures();
+
+/// The pieces of `text` between `separator`s, empty ones dropped.
+std::vector<std::string> split(std::string_view text, char separator);
+
+// One function a subject, each in its own file.
+void compareChance(Tables& tables);
+void compareWind(Tables& tables);
+void compareKinematics(Tables& tables);
+void compareSailing(Tables& tables);
+void compareAnchor(Tables& tables);
+void compareEngine(Tables& tables);
+void compareTraffic(Tables& tables);
+void compareNMEA(Tables& tables);
+void compareAIS(Tables& tables);
+
+}  // namespace tidewright::golden
