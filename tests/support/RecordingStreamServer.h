@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "network/StreamServer.h"
+
+namespace tidewright::network {
+
+/// A stream server without sockets that keeps what it was given. What a real one would report, a
+/// test reports itself, through onClientsChanged and onFailed: nothing is called from here.
+class RecordingStreamServer final : public StreamServer {
+public:
+    std::optional<StartFailure> startFailure;  ///< the answer of the next starts
+    std::vector<std::uint16_t> startedPorts;   ///< one for every start(), failed ones included
+    int stops = 0;                             ///< calls of stop() by the owner
+    int dropAllClientsCalls = 0;
+    std::vector<std::string> sentences;  ///< one for every broadcast(), in order
+    bool running = false;                ///< between a start() that succeeded and the next stop()
+
+    std::optional<StartFailure> start(std::uint16_t port) override {
+        startedPorts.push_back(port);
+        running = !startFailure;
+        return startFailure;
+    }
+
+    void stop() override {
+        ++stops;
+        running = false;
+    }
+
+    void broadcast(SharedBytes sentence) override { sentences.push_back(*sentence); }
+
+    void dropAllClients() override { ++dropAllClientsCalls; }
+
+    /// The sentences since the last call, which they leave.
+    std::vector<std::string> takeSentences() { return std::exchange(sentences, {}); }
+};
+
+}  // namespace tidewright::network
