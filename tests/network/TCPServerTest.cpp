@@ -1,0 +1,529 @@
+#include "network/TCPServer.h"
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <ctime>
+#include <functional>
+#include <memory>
+#include <thread>
+
+#include "platform/AsioMainLoop.h"
+#include "support/LoopbackClient.h"
+
+namespace tidewright::network {
+namespace {
+using namespace std::chrono_literals;
+
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::SizeIs;
+
+using Addresses = std::vector<std::string>;
+
+/// A recognizable sentence of 500 bytes.
+std::string numbered(int number) {
+    return fmt::format("$TEST,{:08},{:*<482}\r\n", number, "");
+}
+
+/// The numbers of the sentences in `text`, which holds nothing but whole ones.
+std::vector<int> numbersIn(const std::string& text) {
+    std::vector<int> numbers;
+    const std::size_t size = numbered(0).size();
+    for (std::size_t at = 0; at < text.size(); at += size) {
+        const int number = std::atoi(text.c_str() + at + 6);
+        EXPECT_EQ(text.substr(at, size), numbered(number));
+        if (testing::Test::HasFailure()) break;
+        numbers.push_back(number);
+    }
+    return numbers;
+}
+
+std::chrono::nanoseconds processorTime() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+/// Leaves the process room for just so many more descriptors, until destroyed.
+class DescriptorsLeft {
+public:
+    explicit DescriptorsLeft(int count) {
+        getrlimit(RLIMIT_NOFILE, &usual_);
+        const int lowestFree = dup(STDERR_FILENO);
+        close(lowestFree);
+        rlimit scarce = usual_;
+        scarce.rlim_cur = static_cast<rlim_t>(lowestFree + count);
+        setrlimit(RLIMIT_NOFILE, &scarce);
+    }
+
+    ~DescriptorsLeft() { setrlimit(RLIMIT_NOFILE, &usual_); }
+
+    DescriptorsLeft(const DescriptorsLeft&) = delete;
+
+private:
+    rlimit usual_{};
+};
+
+struct TCPServerTest : testing::Test {
+    platform::AsioMainLoop loop;
+    std::unique_ptr<TCPServer> server = makeServer();
+    std::vector<Addresses> lists;
+    std::vector<std::string> failures;
+    std::uint16_t port = freePort();
+
+    std::unique_ptr<TCPServer> makeServer() {
+        auto made = std::make_unique<TCPServer>(loop);
+        made->onClientsChanged = [this](const auto& addresses) { lists.push_back(addresses); };
+        made->onFailed = [this](const auto& description) { failures.push_back(description); };
+        return made;
+    }
+
+    /// Runs the loop until `condition` holds; whether it did so within `patience`.
+    bool runUntil(const std::function<bool()>& condition, platform::MainLoop::Duration patience) {
+        const auto deadline = loop.now() + patience;
+        const auto watch = loop.every(1ms, [&] {
+            if (condition() || loop.now() > deadline) loop.stop();
+        });
+        loop.run();
+        return condition();
+    }
+
+    void waitUntil(const std::function<bool()>& condition) {
+        ASSERT_TRUE(runUntil(condition, 10s)) << "waited in vain";
+    }
+
+    /// Runs what was posted to the loop so far.
+    void runPosted() {
+        loop.post([this] { loop.stop(); });
+        loop.run();
+    }
+
+    Addresses listed() const { return lists.empty() ? Addresses() : lists.back(); }
+
+    void waitForClients(std::size_t count) {
+        waitUntil([&] { return listed().size() == count; });
+    }
+
+    void start() { ASSERT_EQ(server->start(port), std::nullopt); }
+
+    std::optional<StartFailure> startWithoutDescriptors() {
+        server->stop();  // first, lest the stop within start() free a descriptor
+        const DescriptorsLeft none(0);
+        return server->start(port);
+    }
+
+    LoopbackClient connect(LoopbackClient::Options options = {}) {
+        const auto before = listed().size();
+        LoopbackClient client(port, options);
+        waitForClients(before + 1);
+        return client;
+    }
+
+    void broadcast(const std::string& text) {
+        server->broadcast(std::make_shared<const std::string>(text));
+    }
+
+    /// Broadcasts sentences until the backlog of a client that does not read is past every bound,
+    /// as `reader` reads along; returns how many.
+    int overwhelm(LoopbackClient& reader) {
+        constexpr int batches = 80;
+        constexpr int sentencesABatch = 200;
+        for (int batch = 0; batch < batches; ++batch) {
+            for (int i = 0; i < sentencesABatch; ++i) {
+                broadcast(numbered(batch * sentencesABatch + i));
+            }
+            EXPECT_THAT(numbersIn(reader.read(sentencesABatch * numbered(0).size())),
+                        SizeIs(sentencesABatch));
+        }
+        return batches * sentencesABatch;
+    }
+};
+
+TEST_F(TCPServerTest, sendsEverySentenceToEveryClient) {
+    start();
+    auto first = connect();
+    auto second = connect();
+    broadcast("$one\r\n");
+    broadcast("$two\r\n");
+    EXPECT_EQ(first.read(12), "$one\r\n$two\r\n");
+    EXPECT_EQ(second.read(12), "$one\r\n$two\r\n");
+}
+
+TEST_F(TCPServerTest, beginsWithTheNextSentenceForAClientThatComesLater) {
+    start();
+    auto early = connect();
+    broadcast("$one\r\n");
+    EXPECT_EQ(early.read(6), "$one\r\n");
+    auto late = connect();
+    broadcast("$two\r\n");
+    EXPECT_EQ(late.read(6), "$two\r\n");
+}
+
+TEST_F(TCPServerTest, listsTwoClientsOfOneHostTwice) {
+    start();
+    const auto first = connect();
+    const auto second = connect();
+    EXPECT_THAT(listed(), ElementsAre("127.0.0.1", "127.0.0.1"));
+}
+
+TEST_F(TCPServerTest, servesIPv4AndIPv6AndListsThemSorted) {
+    start();
+    auto six = connect({.overIPv6 = true});
+    auto four = connect();
+    EXPECT_THAT(listed(), ElementsAre("127.0.0.1", "::1"));
+    broadcast("$one\r\n");
+    EXPECT_EQ(six.read(6), "$one\r\n");
+    EXPECT_EQ(four.read(6), "$one\r\n");
+}
+
+TEST_F(TCPServerTest, broadcastsToNobodyWithoutClients) {
+    broadcast("$before the start\r\n");
+    start();
+    broadcast("$before the client\r\n");
+    auto client = connect();
+    broadcast("$now\r\n");
+    EXPECT_EQ(client.read(6), "$now\r\n");
+}
+
+TEST_F(TCPServerTest, sendsNothingForAnEmptySentence) {
+    start();
+    auto client = connect();
+    broadcast("");
+    broadcast("$one\r\n");
+    EXPECT_EQ(client.read(6), "$one\r\n");
+}
+
+TEST_F(TCPServerTest, sendsABurstOfAHundredThousandSentencesWhole) {
+    start();
+    auto client = connect();
+    constexpr int count = 100'000;
+    std::thread gateway([&] {
+        for (int i = 0; i < count; ++i) broadcast(fmt::format("!{:08}\r\n", i));
+    });
+    const std::string text = client.read(count * 11);
+    gateway.join();
+    EXPECT_EQ(text.size(), count * 11u);
+    EXPECT_THAT(text, EndsWith("!00099999\r\n"));
+}
+
+TEST_F(TCPServerTest, refusesPortZero) {
+    const auto failure = server->start(0);
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->domain, "nmea.tcp");
+    EXPECT_EQ(failure->code, 1);
+    EXPECT_EQ(failure->description, "Port TCP invalide");
+}
+
+TEST_F(TCPServerTest, dropsItsClientsEvenWhenTheNewPortIsRefused) {
+    start();
+    auto client = connect();
+    EXPECT_TRUE(server->start(0));
+    EXPECT_EQ(client.readToEnd(), "");
+    waitForClients(0);
+}
+
+TEST_F(TCPServerTest, refusesToStartWhenNoSocketCanBeMade) {
+    start();
+    const auto failure = startWithoutDescriptors();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->domain, "system");
+    EXPECT_EQ(failure->code, EMFILE);
+    EXPECT_THAT(failure->description, Not(IsEmpty()));
+}
+
+TEST_F(TCPServerTest, refusesItsFirstStartWhenNoSocketCanBeMade) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer itself cannot do without descriptors";
+#endif
+    const auto failure = startWithoutDescriptors();
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->domain, "system");
+    EXPECT_EQ(failure->code, EMFILE);
+    start();
+    const auto client = connect();
+}
+
+TEST_F(TCPServerTest, reportsAPortAlreadyInUseLater) {
+    start();
+    TCPServer other(loop);
+    std::vector<std::string> reported;
+    other.onFailed = [&](const std::string& description) { reported.push_back(description); };
+    EXPECT_EQ(other.start(port), std::nullopt);
+    EXPECT_THAT(reported, IsEmpty()) << "never from inside start()";
+    waitUntil([&] { return !reported.empty(); });
+    EXPECT_THAT(reported, ElementsAre(HasSubstr("in use")));
+    EXPECT_THAT(failures, IsEmpty());
+}
+
+TEST_F(TCPServerTest, startsOnceThePortIsFreeAgain) {
+    start();
+    TCPServer other(loop);
+    ASSERT_EQ(other.start(port), std::nullopt);
+    server->stop();
+    ASSERT_EQ(other.start(port), std::nullopt);
+    broadcast("$nobody\r\n");
+    LoopbackClient client(port);
+    other.stop();
+    EXPECT_EQ(client.readToEnd(), "");
+}
+
+TEST_F(TCPServerTest, forgetsTheFailureOfAnEarlierListener) {
+    TCPServer other(loop);
+    const auto occupied = freePort();
+    ASSERT_EQ(other.start(occupied), std::nullopt);
+    ASSERT_EQ(server->start(occupied), std::nullopt);  // fails, and says so later
+    start();
+    runPosted();
+    EXPECT_THAT(failures, IsEmpty());
+}
+
+TEST_F(TCPServerTest, forgetsTheFailureOfAListenerThatWasStopped) {
+    TCPServer other(loop);
+    const auto occupied = freePort();
+    ASSERT_EQ(other.start(occupied), std::nullopt);
+    ASSERT_EQ(server->start(occupied), std::nullopt);
+    server->stop();
+    runPosted();
+    EXPECT_THAT(failures, IsEmpty());
+}
+
+TEST_F(TCPServerTest, dropsEveryoneAndReportsAnEmptyListWhenStartedAgain) {
+    start();
+    auto client = connect();
+    const auto before = lists.size();
+    start();
+    runPosted();
+    EXPECT_EQ(client.readToEnd(), "");
+    EXPECT_TRUE(client.endedCleanly());
+    EXPECT_GT(lists.size(), before);
+    EXPECT_THAT(listed(), IsEmpty());
+    const auto again = connect();
+    EXPECT_THAT(listed(), SizeIs(1));
+}
+
+TEST_F(TCPServerTest, reportsAnEmptyListWheneverItStops) {
+    server->stop();
+    server->stop();
+    runPosted();
+    EXPECT_THAT(lists, AllOf(SizeIs(2), Each(IsEmpty())));
+}
+
+TEST_F(TCPServerTest, reportsNothingFromInsideItsOperations) {
+    start();
+    server->stop();
+    EXPECT_THAT(lists, IsEmpty());
+}
+
+TEST_F(TCPServerTest, sendsWhatItWasGivenBeforeItStops) {
+    start();
+    auto client = connect();
+    for (int i = 0; i < 100; ++i) broadcast(numbered(i));
+    server->stop();
+    EXPECT_THAT(numbersIn(client.readToEnd()), SizeIs(100));
+    EXPECT_TRUE(client.endedCleanly());
+}
+
+TEST_F(TCPServerTest, endsEveryStreamCleanlyWhenItDropsItsClients) {
+    start();
+    auto first = connect();
+    auto second = connect();
+    broadcast("$last\r\n");
+    server->dropAllClients();
+    for (auto* client : {&first, &second}) {
+        EXPECT_EQ(client->readToEnd(), "$last\r\n");
+        EXPECT_TRUE(client->endedCleanly());
+    }
+    waitForClients(0);
+}
+
+TEST_F(TCPServerTest, keepsListeningWhenItDropsItsClients) {
+    start();
+    const auto dropped = connect();
+    server->dropAllClients();
+    waitForClients(0);
+    auto back = connect();
+    broadcast("$one\r\n");
+    EXPECT_EQ(back.read(6), "$one\r\n");
+}
+
+TEST_F(TCPServerTest, hasThePortFreeAtOnceAHundredTimesInARow) {
+    for (int i = 0; i < 100; ++i) {
+        start();
+        std::vector<std::thread> clients;
+        for (int k = 0; k < 4; ++k) {
+            // Those who hang up the moment the stream ends are the hard case.
+            clients.emplace_back([client = connect()]() mutable { client.readToEnd(); });
+        }
+        broadcast("$one\r\n");
+        server->stop();
+        waitForClients(0);
+        for (auto& client : clients) client.join();
+    }
+    start();
+    runPosted();
+    EXPECT_THAT(failures, IsEmpty());
+}
+
+TEST_F(TCPServerTest, losesWholeSentencesForASlowReaderAndNoneForTheOthers) {
+    start();
+    auto slow = connect({.receiveBufferBytes = 4096});
+    auto healthy = connect();
+    const int count = overwhelm(healthy);
+    EXPECT_THAT(listed(), SizeIs(2));
+
+    const auto numbers = numbersIn(slow.readThrough(numbered(count - 1)));
+    EXPECT_LT(numbers.size(), static_cast<std::size_t>(count));
+    EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
+    EXPECT_EQ(numbers.front(), 0);
+    EXPECT_EQ(numbers.back(), count - 1);
+
+    broadcast("$caught up\r\n");
+    EXPECT_EQ(slow.read(12), "$caught up\r\n");
+}
+
+TEST_F(TCPServerTest, resetsAClientThatNeverReadsWhenItStops) {
+    start();
+    auto stuck = connect({.receiveBufferBytes = 4096});
+    auto healthy = connect();
+    overwhelm(healthy);
+    const auto before = loop.now();
+    server->stop();
+    EXPECT_LT(loop.now() - before, 2s);
+    healthy.readToEnd();
+    EXPECT_TRUE(healthy.endedCleanly());
+    stuck.readToEnd();
+    EXPECT_FALSE(stuck.endedCleanly());
+    start();
+    runPosted();
+    EXPECT_THAT(failures, IsEmpty());
+}
+
+TEST_F(TCPServerTest, finishesTheSentenceBegunForASlowReaderBeforeItStops) {
+    start();
+    auto slow = connect({.receiveBufferBytes = 64 * 1024});
+    auto healthy = connect();
+    overwhelm(healthy);
+    std::string text;
+    std::thread reader([&] { text = slow.readToEnd(); });
+    server->stop();
+    reader.join();
+    if (slow.endedCleanly()) {
+        EXPECT_THAT(numbersIn(text), Not(IsEmpty()));
+    }
+}
+
+TEST_F(TCPServerTest, stopsWithoutDelayForClientsWhoReceivedEverything) {
+    start();
+    std::vector<LoopbackClient> clients;
+    for (int i = 0; i < 20; ++i) clients.push_back(connect());
+    const auto before = loop.now();
+    server->stop();
+    EXPECT_LT(loop.now() - before, 100ms);
+}
+
+TEST_F(TCPServerTest, keepsAClientThatClosesItsSendingSide) {
+    start();
+    auto client = connect();
+    client.closeSending();
+    for (int i = 0; i < 10; ++i) {
+        broadcast("$one\r\n");
+        EXPECT_EQ(client.read(6), "$one\r\n");
+    }
+    runPosted();
+    EXPECT_THAT(listed(), SizeIs(1));
+}
+
+TEST_F(TCPServerTest, restsWhileAClientHasClosedItsSendingSide) {
+    start();
+    auto client = connect();
+    client.closeSending();
+    const auto before = processorTime();
+    EXPECT_FALSE(runUntil([&] { return listed().empty(); }, 300ms));
+    EXPECT_LT(processorTime() - before, 200ms);
+}
+
+TEST_F(TCPServerTest, unlistsAClientThatIsReset) {
+    start();
+    auto client = connect();
+    const auto other = connect();
+    client.reset();
+    waitForClients(1);
+}
+
+TEST_F(TCPServerTest, unlistsAClientThatIsResetAfterItClosedItsSendingSide) {
+    start();
+    auto client = connect();
+    client.closeSending();
+    broadcast("$unread\r\n");
+    client.reset();
+    waitForClients(0);
+}
+
+TEST_F(TCPServerTest, unlistsAClientThatWentAwayOnceItIsSentSomething) {
+    start();
+    { const auto client = connect(); }
+    waitUntil([&] {
+        broadcast("$anyone\r\n");
+        return listed().empty();
+    });
+}
+
+TEST_F(TCPServerTest, throwsAwayWhatClientsSayAndNeverAnswers) {
+    start();
+    auto client = connect();
+    client.write(std::string(1 << 20, '?'));
+    EXPECT_TRUE(client.hasNothingToRead());
+    broadcast("$one\r\n");
+    EXPECT_EQ(client.read(6), "$one\r\n");
+    EXPECT_THAT(listed(), SizeIs(1));
+}
+
+TEST_F(TCPServerTest, acceptsAgainAfterTheHostRanOutOfDescriptors) {
+    start();
+    auto early = connect();
+    std::unique_ptr<LoopbackClient> waiting;
+    {
+        const DescriptorsLeft one(1);  // for the client's side of the connection
+        waiting = std::make_unique<LoopbackClient>(port);
+        const auto before = processorTime();
+        EXPECT_FALSE(runUntil([&] { return listed().size() == 2; }, 300ms));
+        EXPECT_LT(processorTime() - before, 200ms) << "it should not spin";
+        broadcast("$one\r\n");
+        EXPECT_EQ(early.read(6), "$one\r\n");
+    }
+    waitForClients(2);
+    broadcast("$two\r\n");
+    EXPECT_EQ(waiting->read(6), "$two\r\n");
+    EXPECT_THAT(failures, IsEmpty());
+}
+
+TEST_F(TCPServerTest, mayBeDestroyedWhileItServes) {
+    start();
+    auto client = connect();
+    for (int i = 0; i < 100; ++i) broadcast(numbered(i));
+    server.reset();
+    const auto before = lists.size();
+    runPosted();
+    EXPECT_THAT(lists, SizeIs(before)) << "nobody is there to report";
+    client.readToEnd();
+    EXPECT_TRUE(client.endedCleanly());
+}
+
+TEST_F(TCPServerTest, mayBeDestroyedWithoutEverBeingStarted) {
+    server.reset();
+    runPosted();
+    EXPECT_THAT(lists, IsEmpty());
+}
+
+}  // namespace
+}  // namespace tidewright::network
