@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -19,6 +20,8 @@ struct ArmoredBits {
 /// AIVDM payload characters).
 class BitWriter {
 public:
+    BitWriter() { sextets_.reserve(longestMessage); }
+
     /// Appends the low `bits` bits of `value`, most significant first; beyond 64 the value is
     /// continued with zeros. Fewer than 1 appends nothing. Negative quantities come as two's
     /// complement.
@@ -31,6 +34,7 @@ public:
 
 private:
     static constexpr int sextetBits = 6;
+    static constexpr std::size_t longestMessage = 71;  // sextets of message 5
 
     std::vector<std::uint8_t> sextets_;  // the last one filled from the top
     int freeBits_ = 0;                   // in the last one

@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
+#include <array>
+#include <charconv>
 #include <chrono>
 #include <cmath>
+#include <system_error>
 
 #include "encoding/NMEAChecksum.h"
 #include "platform/Check.h"
@@ -19,6 +22,10 @@ namespace {
 constexpr double kilometresPerNauticalMile = 1.852;
 constexpr double feetPerMetre = 3.28084;
 constexpr double fathomsPerMetre = 0.546807;
+
+std::string f1(double value) {
+    return NMEA0183Encoder::f(value, 1);
+}
 
 /// `body` begins with the talker; `fields` fill the rest.
 template <typename... Fields>
@@ -45,9 +52,9 @@ DegreesAndMinutes split(double coordinate) {
 }  // namespace
 
 std::string NMEA0183Encoder::rmc(const BoatState& state) const {
-    return framed(*this, "{}RMC,{},{},{},{},{:.1f},{:.1f},{},,,A", utcTime(state.timestamp),
-                  state.gpsFix ? 'A' : 'V', lat(state.latitude), lon(state.longitude), state.sog,
-                  wrap360(state.cog), utcDate(state.timestamp));
+    return framed(*this, "{}RMC,{},{},{},{},{},{},{},,,A", utcTime(state.timestamp),
+                  state.gpsFix ? 'A' : 'V', lat(state.latitude), lon(state.longitude),
+                  f1(state.sog), f1(wrap360(state.cog)), utcDate(state.timestamp));
 }
 
 std::string NMEA0183Encoder::gga(const BoatState& state) const {
@@ -57,44 +64,44 @@ std::string NMEA0183Encoder::gga(const BoatState& state) const {
 }
 
 std::string NMEA0183Encoder::vtg(const BoatState& state) const {
-    return framed(*this, "{}VTG,{:.1f},T,,M,{:.1f},N,{:.1f},K,A", wrap360(state.cog), state.sog,
-                  state.sog * kilometresPerNauticalMile);
+    return framed(*this, "{}VTG,{},T,,M,{},N,{},K,A", f1(wrap360(state.cog)), f1(state.sog),
+                  f1(state.sog * kilometresPerNauticalMile));
 }
 
 std::string NMEA0183Encoder::hdt(const BoatState& state) const {
-    return framed(*this, "{}HDT,{:.1f},T", wrap360(state.heading));
+    return framed(*this, "{}HDT,{},T", f1(wrap360(state.heading)));
 }
 
 std::string NMEA0183Encoder::hdg(const BoatState& state) const {
-    return framed(*this, "{}HDG,{:.1f},,,,", wrap360(state.heading));
+    return framed(*this, "{}HDG,{},,,,", f1(wrap360(state.heading)));
 }
 
 std::string NMEA0183Encoder::vhw(const BoatState& state) const {
-    return framed(*this, "{}VHW,{:.1f},T,,M,{:.1f},N,{:.1f},K", wrap360(state.heading), state.stw,
-                  state.stw * kilometresPerNauticalMile);
+    return framed(*this, "{}VHW,{},T,,M,{},N,{},K", f1(wrap360(state.heading)), f1(state.stw),
+                  f1(state.stw * kilometresPerNauticalMile));
 }
 
 std::string NMEA0183Encoder::mwvApparent(const BoatState& state) const {
-    return framed(*this, "{}MWV,{:.1f},R,{:.1f},N,A", wrap360(state.apparentWindAngle),
-                  state.apparentWindSpeed);
+    return framed(*this, "{}MWV,{},R,{},N,A", f1(wrap360(state.apparentWindAngle)),
+                  f1(state.apparentWindSpeed));
 }
 
 std::string NMEA0183Encoder::mwvTrue(const BoatState& state) const {
-    return framed(*this, "{}MWV,{:.1f},T,{:.1f},N,A", wrap360(state.trueWindAngle),
-                  state.trueWindSpeed);
+    return framed(*this, "{}MWV,{},T,{},N,A", f1(wrap360(state.trueWindAngle)),
+                  f1(state.trueWindSpeed));
 }
 
 std::string NMEA0183Encoder::dbt(const BoatState& state) const {
-    return framed(*this, "{}DBT,{:.1f},f,{:.1f},M,{:.1f},F", state.depth * feetPerMetre,
-                  state.depth, state.depth * fathomsPerMetre);
+    return framed(*this, "{}DBT,{},f,{},M,{},F", f1(state.depth * feetPerMetre), f1(state.depth),
+                  f1(state.depth * fathomsPerMetre));
 }
 
 std::string NMEA0183Encoder::dpt(const BoatState& state) const {
-    return framed(*this, "{}DPT,{:.1f},0.0,", state.depth);
+    return framed(*this, "{}DPT,{},0.0,", f1(state.depth));
 }
 
 std::string NMEA0183Encoder::mtw(const BoatState& state) const {
-    return framed(*this, "{}MTW,{:.1f},C", state.waterTemperature);
+    return framed(*this, "{}MTW,{},C", f1(state.waterTemperature));
 }
 
 std::string NMEA0183Encoder::utcTime(platform::WallTime time) {
@@ -122,7 +129,11 @@ std::string NMEA0183Encoder::lon(double degrees) {
 }
 
 std::string NMEA0183Encoder::f(double value, int decimals) {
-    return fmt::format("{:.{}f}", value, decimals);
+    std::array<char, 400> text;  // the largest double has 309 digits before the point
+    const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
+                                            std::chars_format::fixed, decimals);
+    platform::check(error == std::errc(), "a number must fit its field");
+    return {text.data(), end};
 }
 
 }  // namespace tidewright::encoding

@@ -58,6 +58,11 @@ public:
     operator const Value&() const { return value_; }
     const Value* operator->() const { return &value_; }
 
+    template <typename Other>
+    friend bool operator==(const Published& property, const Other& other) {
+        return property.value_ == other;
+    }
+
 private:
     const Observable& owner_;
     Value value_;

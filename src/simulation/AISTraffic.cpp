@@ -55,16 +55,16 @@ void sail(AISTarget& target, double dt) {
 }  // namespace
 
 void AISTraffic::regenerate(std::int64_t count, double latitude, double longitude) {
-    targets_.clear();
+    targets.clear();
     drifts_.clear();
     if (count < 1) return;
     const auto size = static_cast<std::size_t>(count);
-    if (size > targets_.max_size() || size > drifts_.max_size()) throw std::bad_alloc();
-    targets_.reserve(size);
+    if (size > targets.max_size() || size > drifts_.max_size()) throw std::bad_alloc();
+    targets.reserve(size);
     drifts_.reserve(std::min(size, static_cast<std::size_t>(mmsiCount)));
     for (std::size_t i = 0; i < size; ++i) {
-        targets_.push_back(makeTarget(i, latitude, longitude));
-        drifts_[targets_.back().mmsi] = DriftState{};
+        targets.push_back(makeTarget(i, latitude, longitude));
+        drifts_[targets.back().mmsi] = DriftState{};
     }
 }
 
@@ -89,9 +89,11 @@ AISTarget AISTraffic::makeTarget(std::size_t index, double latitude, double long
 }
 
 void AISTraffic::advance(double dt) {
-    for (AISTarget& target : targets_) {
+    for (AISTarget& target : targets) {
         sail(target, dt);
-        DriftState& wander = drifts_.at(target.mmsi);
+        const auto found = drifts_.find(target.mmsi);
+        if (found == drifts_.end()) continue;
+        DriftState& wander = found->second;
         wander.step(dt, random_);
         target.cog = wrap360(target.cog + drift * wander.cog);
         target.heading = target.cog;

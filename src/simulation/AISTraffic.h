@@ -17,7 +17,7 @@ public:
     explicit AISTraffic(platform::RandomSource& random) : random_(random) {}
 
     /// In the order of their creation.
-    const std::vector<AISTarget>& targets() const { return targets_; }
+    std::vector<AISTarget> targets;
 
     /// Replaces all vessels by `count` new ones, 0.3 to 4 nautical miles around a position in
     /// degrees; none when `count` is below 1. The room for them is taken before the first is made:
@@ -32,7 +32,6 @@ private:
     AISTarget makeTarget(std::size_t index, double latitude, double longitude);
 
     platform::RandomSource& random_;
-    std::vector<AISTarget> targets_;
     std::unordered_map<std::int64_t, DriftState> drifts_;  // by MMSI
 };
 

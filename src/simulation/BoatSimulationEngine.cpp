@@ -6,9 +6,9 @@ namespace tidewright::simulation {
 
 BoatSimulationEngine::BoatSimulationEngine(platform::MainLoop& loop, platform::RandomSource& random)
     : state(*this, BoatState::starting(loop.wallClock())),
+      traffic(random),
       loop_(loop),
       random_(random),
-      traffic_(random),
       sailing_(program, environment, random.bits()),
       lastTick_(loop.now()) {}
 
@@ -27,7 +27,7 @@ void BoatSimulationEngine::start(std::int64_t aisTargets) {
 }
 
 void BoatSimulationEngine::setAISTargets(std::int64_t count) {
-    traffic_.regenerate(count, state->latitude, state->longitude);
+    traffic.regenerate(count, state->latitude, state->longitude);
 }
 
 bool BoatSimulationEngine::triggerManeuver(Maneuver maneuver) {
@@ -70,7 +70,7 @@ void BoatSimulationEngine::tick() {
             break;
     }
     state = next;
-    traffic_.advance(dt);
+    traffic.advance(dt);
 }
 
 }  // namespace tidewright::simulation

@@ -47,7 +47,8 @@ public:
     /// What the boat is doing in automatic mode, three lines of French; empty before start().
     platform::Published<std::string> autoStatus{*this, {}};
 
-    const AISTraffic& traffic() const { return traffic_; }
+    AISTraffic traffic;  ///< the vessels around
+
     const SailingSimulation& sailing() const { return sailing_; }
     const std::optional<AnchorSimulation>& anchor() const { return anchor_; }
     bool isTicking() const { return timer_ != nullptr; }
@@ -76,7 +77,6 @@ private:
 
     platform::MainLoop& loop_;
     platform::RandomSource& random_;
-    AISTraffic traffic_;
     SailingSimulation sailing_;
     std::optional<AnchorSimulation> anchor_;
     platform::Subscription timer_;

@@ -166,18 +166,25 @@ Table::Table(std::string name, const std::filesystem::path& file) : name_(std::m
         rows_.emplace_back(*this, number, std::move(cells));
     }
     if (rows_.empty()) giveUp("table " + name_ + " is empty");
+    taken_.resize(rows_.size());
+}
+
+std::size_t Table::taken() const {
+    return static_cast<std::size_t>(std::ranges::count(taken_, true));
 }
 
 const std::vector<Row>& Table::rows() {
-    taken_ += rows_.size();
+    taken_.assign(rows_.size(), true);
     return rows_;
 }
 
 std::vector<Row> Table::rowsWhere(std::string_view column, std::string_view value) {
     std::vector<Row> found;
-    std::ranges::copy_if(rows_, std::back_inserter(found),
-                         [&](const Row& row) { return row.text(column) == value; });
-    taken_ += found.size();
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        if (rows_[i].text(column) != value) continue;
+        taken_[i] = true;
+        found.push_back(rows_[i]);
+    }
     return found;
 }
 

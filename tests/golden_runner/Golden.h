@@ -61,7 +61,7 @@ public:
     const std::string& name() const { return name_; }
     const std::vector<std::string>& columns() const { return columns_; }
     std::size_t size() const { return rows_.size(); }
-    std::size_t taken() const { return taken_; }
+    std::size_t taken() const;
 
     /// All rows.
     const std::vector<Row>& rows();
@@ -72,7 +72,7 @@ private:
     std::string name_;
     std::vector<std::string> columns_;
     std::vector<Row> rows_;
-    std::size_t taken_ = 0;
+    std::vector<bool> taken_;  // a flag a row
 };
 
 /// The tables of a directory.
@@ -107,5 +107,8 @@ void compareEngine(Tables& tables);
 void compareTraffic(Tables& tables);
 void compareNMEA(Tables& tables);
 void compareAIS(Tables& tables);
+void compareGateway(Tables& tables);
+void compareNetwork(Tables& tables);
+void compareCommandLine(Tables& tables);
 
 }  // namespace tidewright::golden

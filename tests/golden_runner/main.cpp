@@ -19,6 +19,9 @@ int main() {
     compareTraffic(tables);
     compareNMEA(tables);
     compareAIS(tables);
+    compareGateway(tables);
+    compareNetwork(tables);
+    compareCommandLine(tables);
     tables.report();
     return failures() == 0 ? 0 : 1;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <list>
 #include <map>
 #include <memory>
 #include <utility>
@@ -9,16 +8,15 @@
 
 namespace tidewright {
 
-/// A loop whose clocks stand where the test sets them and whose timers turn only by hand.
+/// A loop whose clocks stand where the test sets them and whose timers never ring: the test calls
+/// what they would have called.
 class HandCrankedLoop final : public platform::MainLoop {
 public:
     platform::Instant now() const override { return platform::Instant(clock_.time_since_epoch()); }
     platform::WallTime wallClock() const override { return clock_; }
 
-    [[nodiscard]] platform::Subscription every(Duration period, Task task) override {
-        auto timer = std::make_shared<const Timer>(Timer{period, std::move(task)});
-        timers_.push_back(timer);
-        return timer;
+    [[nodiscard]] platform::Subscription every(Duration, Task task) override {
+        return std::make_shared<const Task>(std::move(task));
     }
     void after(Duration delay, Task task) override {
         delayed_.emplace(clock_ + delay, std::move(task));
@@ -35,21 +33,8 @@ public:
         clock_ = time;
     }
 
-    /// Rings the living timers of that period once.
-    void turn(Duration period) {
-        std::erase_if(timers_, [](const auto& timer) { return timer.expired(); });
-        for (const auto& each : std::list(timers_))
-            if (const auto timer = each.lock(); timer && timer->period == period) timer->task();
-    }
-
 private:
-    struct Timer {
-        Duration period;
-        Task task;
-    };
-
     platform::WallTime clock_;
-    std::list<std::weak_ptr<const Timer>> timers_;
     std::multimap<platform::WallTime, Task> delayed_;
 };
 

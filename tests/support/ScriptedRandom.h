@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <map>
 
 #include "platform/RandomSource.h"
 
@@ -11,12 +12,14 @@ namespace tidewright {
 /// with `otherwise` once the list is spent.
 class ScriptedRandom final : public platform::RandomSource {
 public:
-    std::deque<std::uint64_t> seeds;        ///< for bits()
-    std::deque<std::int64_t> wholeNumbers;  ///< for below()
-    std::deque<double> numbers;             ///< for halfOpen() and closed()
+    std::deque<std::uint64_t> seeds;                                ///< for bits()
+    std::map<std::int64_t, std::deque<std::int64_t>> wholeNumbers;  ///< for below(), by bound
+    std::deque<double> numbers;                                     ///< for halfOpen() and closed()
 
     std::uint64_t bits() override { return take<std::uint64_t>(seeds, ++unscriptedBits_); }
-    std::int64_t below(std::int64_t) override { return take<std::int64_t>(wholeNumbers, 0); }
+    std::int64_t below(std::int64_t bound) override {
+        return take<std::int64_t>(wholeNumbers[bound], 0);
+    }
     double halfOpen(double, double) override { return take<double>(numbers, 0); }
     double closed(double, double) override { return take<double>(numbers, 0); }
 

@@ -1,0 +1,28 @@
+#include <csignal>
+#include <cstdio>
+#include <string>
+
+#include "app/CommandLine.h"
+#include "app/HeadlessRunner.h"
+#include "app/Help.h"
+#include "app/WindowLauncher.h"
+
+using namespace tidewright::app;
+
+namespace {
+
+int print(const std::string& text) {
+    return std::fputs(text.c_str(), stdout) < 0 ? 1 : 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::signal(SIGPIPE, SIG_IGN);  // a reader that went away is not a reason to stop
+    const Arguments arguments(argv, argv + argc);
+    if (CommandLine::contains("--headless", arguments)) return HeadlessRunner::run(arguments);
+    if (CommandLine::contains("--help", arguments)) return print(helpText());
+    if (CommandLine::contains("--version", arguments)) return print(versionText());
+    becomeWindow(arguments);
+    return 1;
+}

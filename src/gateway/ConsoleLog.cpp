@@ -1,0 +1,51 @@
+#include "gateway/ConsoleLog.h"
+
+#include <fmt/format.h>
+
+#include <chrono>
+#include <utility>
+
+namespace tidewright::gateway {
+
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\n\v\f\r";
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string clockText(platform::WallTime local) {
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(local);
+    const std::chrono::hh_mm_ss clock(seconds - std::chrono::floor<std::chrono::days>(seconds));
+    return fmt::format("{:02}:{:02}:{:02}", clock.hours().count(), clock.minutes().count(),
+                       clock.seconds().count());
+}
+
+}  // namespace
+
+ConsoleLog::ConsoleLog(platform::RandomSource& random, platform::UtcOffset utcOffset)
+    : random_(random), utcOffset_(std::move(utcOffset)) {}
+
+void ConsoleLog::append(platform::WallTime now, std::string_view transport, std::string_view text) {
+    const std::uint64_t high = random_.bits();
+    const std::uint64_t low = random_.bits();
+    lines_.push_back({.id = {high, low},
+                      .time = clockText(now + utcOffset_(now)),
+                      .transport = std::string(transport),
+                      .text = std::string(trimmed(text))});
+    ++appendedCount_;
+    if (lines_.size() > capacity) lines_.pop_front();
+}
+
+std::string ConsoleLog::asText() const {
+    std::string all;
+    for (const ConsoleLine& line : lines_) {
+        if (!all.empty()) all += '\n';
+        all += fmt::format("{} {} > {}", line.time, line.transport, line.text);
+    }
+    return all;
+}
+
+}  // namespace tidewright::gateway

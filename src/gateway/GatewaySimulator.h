@@ -1,0 +1,117 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "gateway/AISReports.h"
+#include "gateway/ConsoleLog.h"
+#include "gateway/EmissionSchedule.h"
+#include "gateway/FailureInjection.h"
+#include "gateway/Host.h"
+#include "gateway/SimulationConfig.h"
+#include "gateway/ThroughputMeter.h"
+#include "platform/Lifetime.h"
+#include "platform/Observable.h"
+#include "simulation/BoatSimulationEngine.h"
+
+namespace tidewright::gateway {
+
+/// The boat's Wi-Fi gateway: turns the simulated boat into a stream of sentences on the network,
+/// and misbehaves on command. One for the life of the process. For the main thread.
+class GatewaySimulator : public platform::Observable {
+public:
+    static constexpr auto pumpPeriod = std::chrono::milliseconds(50);
+    static constexpr auto statisticsPeriod = std::chrono::seconds(1);
+    static constexpr auto disconnectPeriod = std::chrono::seconds(8);
+
+    /// `engine`, `config` and `failure` must outlive this.
+    GatewaySimulator(simulation::BoatSimulationEngine& engine, SimulationConfig& config,
+                     FailureInjection& failure, Host host);
+
+    platform::Published<bool> isRunning{*this, false};
+
+    /// The interface whose addresses are shown and broadcast to; none where there is no network.
+    platform::Published<std::optional<network::LocalInterface>> interface;
+
+    platform::Published<std::vector<std::string>> tcpClients{*this, {}};  ///< remote addresses
+    platform::Published<std::int64_t> messagesPerSecond{*this, 0};        ///< of the last second
+    platform::Published<double> kilobytesPerSecond{*this, 0};             ///< of the last second
+
+    /// While true, what would be logged is lost.
+    platform::Published<bool> consolePaused{*this, false};
+
+    /// What the user must know, in French: why it did not start, or why it stopped by itself.
+    /// Cleared by the next start().
+    platform::Published<std::optional<std::string>> lastError{*this, std::nullopt};
+
+    const std::deque<ConsoleLine>& consoleLines() const { return console_.lines(); }
+    std::uint64_t consoleAppendedCount() const { return console_.appendedCount(); }
+    const ThroughputMeter& throughput() const { return throughput_; }
+    const AISReports& aisReports() const { return aisReports_; }
+
+    /// Begins emission, with a new run of the boat. Where it cannot, lastError says why and
+    /// isRunning stays false. Does nothing while running.
+    void start();
+
+    /// Ends emission and freezes the boat; returns when the ports are free. Sentences that still
+    /// wait on their latency are counted and logged all the same. Does nothing while stopped.
+    void stop();
+
+    /// Makes the AIS vessels anew, as many as the settings say; lastError where memory lacks.
+    void regenerateAIS();
+
+    /// Throws every TCP client out; they may come back at once.
+    void dropClients();
+
+    /// Adds a line to the console, unless paused.
+    void log(std::string_view transport, std::string_view text);
+
+    /// Empties the console.
+    void clearConsole();
+
+    /// Puts the whole console on the clipboard.
+    void copyConsole() const;
+
+    // What its timers call, every pumpPeriod, statisticsPeriod and disconnectPeriod.
+
+    /// Sends the families that are due.
+    void pump();
+    /// Publishes what went out since the last call.
+    void statisticsTick();
+    /// Drops the clients, if any, while that fault is on.
+    void maybeRandomDisconnect();
+
+private:
+    void tcpListenFailed();
+    bool startTransports();
+    bool startEngine();
+    void startTimers();
+    std::int64_t wantedTargets() const;
+    std::string summaryLine() const;
+    void emit(SentenceKind kind);
+    bool isSilenced(SentenceKind kind) const;
+    std::vector<std::string> sentences(SentenceKind kind);
+    void deliver(std::vector<std::string> sentences);
+    bool isLost();
+    void sendNow(const network::SharedBytes& sentence);
+
+    simulation::BoatSimulationEngine& engine_;
+    SimulationConfig& config_;
+    FailureInjection& failure_;
+    Host host_;
+    ConsoleLog console_;
+    EmissionSchedule schedule_;
+    ThroughputMeter throughput_;
+    AISReports aisReports_;
+    platform::Subscription scheduler_;
+    platform::Subscription statsTimer_;
+    platform::Subscription disconnectTimer_;
+    platform::Lifetime lifetime_;
+};
+
+}  // namespace tidewright::gateway

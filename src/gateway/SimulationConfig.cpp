@@ -1,0 +1,14 @@
+#include "gateway/SimulationConfig.h"
+
+namespace tidewright::gateway {
+
+void SimulationConfig::apply(const GatewayPreset& chosen) {
+    preset = chosen;
+    tcpEnabled = chosen.tcpEnabled;
+    udpEnabled = chosen.udpEnabled;
+    tcpPort = chosen.tcpPort;
+    udpPort = chosen.udpPort;
+    gpsTalker = std::string(chosen.gpsTalker);
+}
+
+}  // namespace tidewright::gateway

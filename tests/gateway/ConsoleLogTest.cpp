@@ -1,0 +1,76 @@
+#include "gateway/ConsoleLog.h"
+
+#include <gmock/gmock.h>
+
+#include "gateway/GatewayFixture.h"
+
+namespace tidewright::gateway {
+namespace {
+using testing::IsEmpty;
+
+struct ConsoleLogTest : GatewayFixture {};
+
+TEST_F(ConsoleLogTest, keepsTheLastSixHundredLines) {
+    for (int i = 0; i < 601; ++i) gateway.log("SYS", std::to_string(i));
+    EXPECT_EQ(gateway.consoleLines().size(), 600);
+    EXPECT_EQ(gateway.consoleLines().front().text, "1");
+    EXPECT_EQ(gateway.consoleLines().back().text, "600");
+    EXPECT_EQ(gateway.consoleAppendedCount(), 601);
+}
+
+TEST_F(ConsoleLogTest, keepsASentenceWithoutItsLineEnd) {
+    gateway.log("TCP", "$IIHDT,2.0,T*00\r\n");
+    EXPECT_EQ(gateway.consoleLines().back().text, "$IIHDT,2.0,T*00");
+}
+
+TEST_F(ConsoleLogTest, losesWhatIsLoggedWhilePaused) {
+    gateway.log("SYS", "before");
+    gateway.consolePaused = true;
+    gateway.log("SYS", "meanwhile");
+    gateway.consolePaused = false;
+    gateway.log("SYS", "after");
+    EXPECT_EQ(gateway.consoleLines().size(), 2);
+    EXPECT_EQ(gateway.consoleLines().back().text, "after");
+}
+
+TEST_F(ConsoleLogTest, copiesLinesWithOneLineFeedBetweenThem) {
+    gateway.log("SYS", "one");
+    gateway.log("UDP", "two");
+    gateway.copyConsole();
+    EXPECT_EQ(host.clipboard, "12:00:00 SYS > one\n12:00:00 UDP > two");
+}
+
+TEST_F(ConsoleLogTest, copiesAnEmptyConsoleAsAnEmptyText) {
+    host.clipboard = "something else";
+    gateway.copyConsole();
+    EXPECT_EQ(host.clipboard, "");
+}
+
+TEST_F(ConsoleLogTest, shows24HourLocalTime) {
+    host.utcOffset = std::chrono::hours(-13);
+    gateway.log("SYS", "yesterday, still");
+    EXPECT_EQ(gateway.consoleLines().back().time, "23:00:00");
+}
+
+TEST_F(ConsoleLogTest, tellsTwoEqualLinesApart) {
+    gateway.log("SYS", "same");
+    gateway.log("SYS", "same");
+    EXPECT_NE(gateway.consoleLines()[0].id, gateway.consoleLines()[1].id);
+}
+
+TEST_F(ConsoleLogTest, canBeClearedWhilePaused) {
+    gateway.log("SYS", "gone soon");
+    gateway.consolePaused = true;
+    gateway.clearConsole();
+    EXPECT_THAT(gateway.consoleLines(), IsEmpty());
+}
+
+TEST_F(ConsoleLogTest, staysThroughAStopAndAStart) {
+    gateway.start();
+    gateway.stop();
+    gateway.start();
+    EXPECT_EQ(systemLines().size(), 3);
+}
+
+}  // namespace
+}  // namespace tidewright::gateway

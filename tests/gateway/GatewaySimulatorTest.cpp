@@ -1,0 +1,289 @@
+#include "gateway/GatewaySimulator.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+#include <memory>
+
+#include "gateway/GatewayFixture.h"
+
+namespace tidewright::gateway {
+namespace {
+using namespace std::chrono_literals;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+struct GatewaySimulatorTest : GatewayFixture {};
+
+TEST_F(GatewaySimulatorTest, firesEveryFamilyOnTheFirstPumpInOrder) {
+    config.aisTargetCount = 1;
+    gateway.start();
+    EXPECT_THAT(addresses(sentencesDuring(50ms)),
+                ElementsAre("GPRMC", "GPGGA", "GPVTG", "IIHDT", "IIHDG", "IIVHW", "IIMWV", "IIMWV",
+                            "IIDBT", "IIDPT", "IIMTW", "AIVDM", "AIVDM", "AIVDM"));
+}
+
+TEST_F(GatewaySimulatorTest, sendsTwentySevenAndAFifthSentencesASecondByDefault) {
+    gateway.start();
+    const auto minute = sentencesDuring(1min);
+    EXPECT_EQ(minute.size(), 1632);  // 27.2 x 60
+    EXPECT_EQ(countOf(minute, "GPRMC"), 60);
+    EXPECT_EQ(countOf(minute, "IIHDT"), 300);
+    EXPECT_EQ(countOf(minute, "IIVHW"), 120);
+    EXPECT_EQ(countOf(minute, "IIMTW"), 12);
+    EXPECT_EQ(countOf(minute, "AIVDM"), 5 * 60 + 6 * 5 * 2);
+}
+
+TEST_F(GatewaySimulatorTest, sendsTheSameBytesOnBothTransports) {
+    gateway.start();
+    loop.advance(1min);
+    EXPECT_EQ(host.tcp->sentences, host.udp->sentences);
+}
+
+TEST_F(GatewaySimulatorTest, givesTheSameBytesForTheSameSeedAndStart) {
+    const auto hour = [] {
+        platform::VirtualMainLoop loop(GatewayFixture::noon);
+        ScriptedRandom random;
+        PretendHost host;
+        simulation::BoatSimulationEngine engine(loop, random);
+        SimulationConfig config;
+        FailureInjection failure;
+        GatewaySimulator gateway(engine, config, failure, host.host(loop, random));
+        gateway.start();
+        loop.advance(1h);
+        return host.tcp->takeSentences();
+    };
+    const auto first = hour();
+    EXPECT_EQ(first.size(), 27.2 * 3600);
+    EXPECT_EQ(first, hour());
+}
+
+TEST_F(GatewaySimulatorTest, speaksAsTheChosenTalkerOnlyForTheGps) {
+    config.apply(*std::ranges::find(GatewayPreset::all, "yacht-devices", &GatewayPreset::id));
+    gateway.start();
+    const auto sent = sentencesDuring(50ms);
+    EXPECT_EQ(countOf(sent, "GNRMC") + countOf(sent, "GNGGA") + countOf(sent, "GNVTG"), 3);
+    EXPECT_EQ(countOf(sent, "IIHDT"), 1);
+}
+
+TEST_F(GatewaySimulatorTest, speaksAsIIThroughoutWithThePresetThatWantsIt) {
+    config.apply(*std::ranges::find(GatewayPreset::all, "nke", &GatewayPreset::id));
+    config.ais = false;
+    gateway.start();
+    EXPECT_THAT(sentencesDuring(10s), Each(StartsWith("$II")));
+}
+
+TEST_F(GatewaySimulatorTest, takesANewTalkerUpAtOnceAndANewRateAtTheNextStart) {
+    gateway.start();
+    loop.advance(10s);
+    config.gpsTalker = "GN";
+    config.headingHz = 1;
+    const auto sent = sentencesDuring(10s);
+    EXPECT_EQ(countOf(sent, "GNRMC"), 10);
+    EXPECT_EQ(countOf(sent, "IIHDT"), 50);
+    gateway.stop();
+    gateway.start();
+    EXPECT_EQ(countOf(sentencesDuring(10s), "IIHDT"), 10);
+}
+
+TEST_F(GatewaySimulatorTest, refusesToStartWithoutAnyOutput) {
+    config.tcpEnabled = false;
+    config.udpEnabled = false;
+    gateway.start();
+    EXPECT_FALSE(gateway.isRunning);
+    EXPECT_EQ(gateway.lastError, "Activez au moins une sortie (TCP ou UDP).");
+    EXPECT_THAT(gateway.consoleLines(), IsEmpty());
+}
+
+TEST_F(GatewaySimulatorTest, saysWhyTheTcpServerCannotStart) {
+    host.tcp->startFailure = {"nmea.tcp", 1, "Port TCP invalide"};
+    config.tcpPort = 0;
+    gateway.start();
+    EXPECT_FALSE(gateway.isRunning);
+    EXPECT_EQ(gateway.lastError, "TCP 0 : Port TCP invalide");
+    EXPECT_FALSE(host.udp->running);
+    EXPECT_FALSE(engine.isTicking());
+}
+
+TEST_F(GatewaySimulatorTest, clearsTheLastErrorWithTheNextStart) {
+    config.tcpEnabled = false;
+    config.udpEnabled = false;
+    gateway.start();
+    config.tcpEnabled = true;
+    gateway.start();
+    EXPECT_EQ(gateway.lastError, std::nullopt);
+    EXPECT_TRUE(gateway.isRunning);
+}
+
+TEST_F(GatewaySimulatorTest, stopsWithAMessageWhenThePortTurnsOutToBeTaken) {
+    config.tcpPort = 2001;
+    gateway.start();
+    host.tcp->onFailed("Address already in use");
+    EXPECT_FALSE(gateway.isRunning);
+    EXPECT_EQ(gateway.lastError,
+              "Le port TCP 2001 est déjà utilisé : une autre instance du simulateur tourne "
+              "probablement. Quittez-la (ou changez de port), puis relancez.");
+    EXPECT_EQ(systemLines().back(), "Simulation arrêtée");
+    EXPECT_THAT(sentencesDuring(10s), IsEmpty());
+}
+
+TEST_F(GatewaySimulatorTest, ignoresAListenerFailureWhileStopped) {
+    host.tcp->onFailed("Address already in use");
+    EXPECT_EQ(gateway.lastError, std::nullopt);
+}
+
+TEST_F(GatewaySimulatorTest, namesItsOutputsWhenItStarts) {
+    gateway.start();
+    EXPECT_THAT(systemLines(), ElementsAre("Simulation démarrée — TCP 2000 · UDP 2000"));
+}
+
+TEST_F(GatewaySimulatorTest, namesTheOneOutputThatIsOn) {
+    config.tcpEnabled = false;
+    gateway.start();
+    EXPECT_THAT(systemLines(), ElementsAre("Simulation démarrée — UDP 2000"));
+    loop.advance(1s);
+    EXPECT_THAT(host.tcp->sentences, IsEmpty());
+    EXPECT_FALSE(host.udp->sentences.empty());
+}
+
+TEST_F(GatewaySimulatorTest, broadcastsToTheInterfaceFoundAtTheStart) {
+    host.interface = network::LocalInterface{"wlan0", "Wi-Fi", "10.0.5.9", "10.0.255.255"};
+    config.udpPort = 10110;
+    gateway.start();
+    EXPECT_EQ(gateway.interface->value().ip, "10.0.5.9");
+    EXPECT_EQ(host.udp->starts.back(),
+              (network::RecordingDatagramSender::Destination{"10.0.255.255", 10110}));
+}
+
+TEST_F(GatewaySimulatorTest, broadcastsToEverybodyWithoutAnInterface) {
+    host.interface.reset();
+    gateway.start();
+    EXPECT_EQ(host.udp->starts.back().broadcast, "255.255.255.255");
+}
+
+TEST_F(GatewaySimulatorTest, doesNothingWhenStartedOrStoppedTwice) {
+    gateway.stop();
+    gateway.start();
+    gateway.start();
+    EXPECT_EQ(host.tcp->startedPorts.size(), 1);
+    gateway.stop();
+    gateway.stop();
+    EXPECT_EQ(systemLines().size(), 2);
+}
+
+TEST_F(GatewaySimulatorTest, freezesTheBoatAndItsFiguresWhenItStops) {
+    gateway.start();
+    connect({"10.0.0.9"});
+    loop.advance(2s);
+    EXPECT_GT(gateway.messagesPerSecond, 0);
+    gateway.stop();
+    const auto state = engine.state.get();
+    loop.advance(10s);
+    EXPECT_EQ(engine.state, state);
+    EXPECT_EQ(gateway.messagesPerSecond, 0);
+    EXPECT_EQ(gateway.kilobytesPerSecond, 0);
+    EXPECT_THAT(gateway.tcpClients.get(), IsEmpty());
+}
+
+TEST_F(GatewaySimulatorTest, keepsTheRhythmOfStaticReportsThroughARestart) {
+    config.aisTargetCount = 1;
+    gateway.start();
+    loop.advance(3s);
+    const auto countdown = gateway.aisReports().staticCountdown();
+    const int sequence = gateway.aisReports().sequence();
+    gateway.stop();
+    gateway.start();
+    EXPECT_EQ(gateway.aisReports().staticCountdown(), countdown);
+    EXPECT_EQ(gateway.aisReports().sequence(), sequence);
+}
+
+TEST_F(GatewaySimulatorTest, countsAnEmissionWithoutVesselsInTheRhythm) {
+    config.aisTargetCount = 0;
+    gateway.start();
+    EXPECT_EQ(countOf(sentencesDuring(50ms), "AIVDM"), 0);
+    EXPECT_EQ(gateway.aisReports().staticCountdown(), 10);
+    EXPECT_EQ(countOf(sentencesDuring(1s), "AIVDM"), 0);
+    EXPECT_EQ(gateway.aisReports().staticCountdown(), 9);
+}
+
+TEST_F(GatewaySimulatorTest, putsNoVesselsOutWhileAisIsOff) {
+    config.ais = false;
+    gateway.start();
+    EXPECT_THAT(engine.traffic.targets, IsEmpty());
+    config.ais = true;
+    gateway.regenerateAIS();
+    EXPECT_EQ(engine.traffic.targets.size(), 5);
+}
+
+TEST_F(GatewaySimulatorTest, makesTheFleetAnewWhileStoppedToo) {
+    config.aisTargetCount = 7;
+    gateway.regenerateAIS();
+    EXPECT_EQ(engine.traffic.targets.size(), 7);
+}
+
+TEST_F(GatewaySimulatorTest, saysThatMemoryLacksForTheFleetAndUndoesTheStart) {
+    config.aisTargetCount = std::numeric_limits<std::int64_t>::max();
+    gateway.start();
+    EXPECT_FALSE(gateway.isRunning);
+    EXPECT_EQ(gateway.lastError, "Mémoire insuffisante pour 9223372036854775807 cibles AIS.");
+    EXPECT_FALSE(host.tcp->running);
+    EXPECT_FALSE(host.udp->running);
+    EXPECT_FALSE(engine.isTicking());
+}
+
+TEST_F(GatewaySimulatorTest, leavesNoGapWhenTheWallClockJumpsAnHour) {
+    gateway.start();
+    loop.advance(5s);
+    for (const auto jump : {1h, -2h, 1h}) {
+        loop.stepWallClock(jump);
+        EXPECT_EQ(countOf(sentencesDuring(10s), "IIHDT"), 50);
+    }
+}
+
+TEST_F(GatewaySimulatorTest, stampsSentencesWithTheWallClock) {
+    gateway.start();
+    loop.advance(1s);
+    loop.stepWallClock(-1h);
+    loop.advance(100ms);
+    EXPECT_THAT(sentencesDuring(1s), Contains(StartsWith("$GPRMC,110002.00,A,")));
+}
+
+TEST_F(GatewaySimulatorTest, goesOnAfterAStallWithoutABurst) {
+    gateway.start();
+    loop.advance(10s);
+    loop.stall(60s);
+    const auto late = sentencesDuring(50ms);
+    EXPECT_EQ(countOf(late, "GPRMC"), 1);
+    EXPECT_LE(countOf(late, "IIHDT"), 2);
+    EXPECT_EQ(countOf(sentencesDuring(10s), "IIHDT"), 50);
+}
+
+TEST_F(GatewaySimulatorTest, tellsObserversAfterTheChange) {
+    bool running = false;
+    const auto subscription = gateway.observe([&] { running = running || gateway.isRunning; });
+    gateway.start();
+    EXPECT_TRUE(running);
+}
+
+TEST(GatewayLifetimeTest, sendsNothingOnceItIsGone) {
+    platform::VirtualMainLoop loop;
+    ScriptedRandom random;
+    PretendHost host;
+    simulation::BoatSimulationEngine engine(loop, random);
+    SimulationConfig config;
+    FailureInjection failure;
+    failure.latencyMs = 500;
+    auto gateway =
+        std::make_unique<GatewaySimulator>(engine, config, failure, host.host(loop, random));
+    gateway->start();
+    loop.advance(100ms);
+    gateway.reset();
+    loop.advance(1s);  // what still waits must not touch the gateway: the sanitizers would tell
+    EXPECT_EQ(loop.now().time_since_epoch(), 1100ms);
+}
+
+}  // namespace
+}  // namespace tidewright::gateway
