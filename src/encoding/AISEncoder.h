@@ -11,8 +11,8 @@ namespace tidewright::encoding {
 /// Tells of other vessels as an AIS receiver would: ITU-R M.1371 messages 1 and 5, as !AIVDM
 /// sentences on channel A.
 ///
-/// A negative MMSI or ship type, and any value that is not finite or beyond counting, stop the
-/// program.
+/// A negative MMSI, ship type or speed, and any value that is not finite or beyond counting, stop
+/// the program.
 struct AISEncoder {
     bool corrupt = false;    ///< sends wrong checksums on purpose
     platform::WallTime now;  ///< the moment of encoding: its UTC second is message 1's time stamp

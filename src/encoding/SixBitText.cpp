@@ -35,7 +35,7 @@ struct Capital {
     std::u32string_view upperCase;
 };
 
-/// The letters outside ASCII whose capital is, or begins, inside it.
+/// The letters outside ASCII whose capitals are inside it.
 constexpr std::array<Capital, 10> strangers{{{U'ß', U"SS"},
                                              {U'ı', U"I"},
                                              {U'ſ', U"S"},
@@ -57,7 +57,7 @@ std::uint8_t sixBitValue(char32_t code) {
 }  // namespace
 
 std::vector<std::uint8_t> sixBitText(std::string_view text, int chars) {
-    const auto size = static_cast<std::size_t>(std::max(chars, 0));
+    const auto size = static_cast<std::size_t>(chars);
     std::vector<std::uint8_t> values;
     values.reserve(size + 2);
     while (!text.empty() && values.size() < size) {

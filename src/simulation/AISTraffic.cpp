@@ -6,6 +6,7 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "simulation/Angles.h"
 #include "simulation/EarthModel.h"
@@ -55,17 +56,21 @@ void sail(AISTarget& target, double dt) {
 }  // namespace
 
 void AISTraffic::regenerate(std::int64_t count, double latitude, double longitude) {
-    targets.clear();
-    drifts_.clear();
+    targets = {};
+    drifts_ = {};
     if (count < 1) return;
     const auto size = static_cast<std::size_t>(count);
-    if (size > targets.max_size() || size > drifts_.max_size()) throw std::bad_alloc();
-    targets.reserve(size);
-    drifts_.reserve(std::min(size, static_cast<std::size_t>(mmsiCount)));
+    if (size > targets.max_size()) throw std::bad_alloc();
+    std::vector<AISTarget> fleet;
+    std::unordered_map<std::int64_t, DriftState> drifts;
+    fleet.reserve(size);
+    drifts.reserve(std::min(size, static_cast<std::size_t>(mmsiCount)));
     for (std::size_t i = 0; i < size; ++i) {
-        targets.push_back(makeTarget(i, latitude, longitude));
-        drifts_[targets.back().mmsi] = DriftState{};
+        fleet.push_back(makeTarget(i, latitude, longitude));
+        drifts[fleet.back().mmsi] = DriftState{};
     }
+    targets = std::move(fleet);
+    drifts_ = std::move(drifts);
 }
 
 AISTarget AISTraffic::makeTarget(std::size_t index, double latitude, double longitude) {

@@ -33,7 +33,7 @@ struct AISTrafficTest : testing::Test {
         random.numbers = {0, 0, cog, sog};
         traffic.regenerate(1, latitude, -3.55);
     }
-    const AISTarget& vessel() const { return traffic.targets().front(); }
+    const AISTarget& vessel() const { return traffic.targets.front(); }
 
     /// The next `steps` steps of one vessel go all the way to one side.
     void push(int steps, double side) {
@@ -43,7 +43,7 @@ struct AISTrafficTest : testing::Test {
 };
 
 TEST_F(AISTrafficTest, isEmptyAtFirst) {
-    EXPECT_TRUE(traffic.targets().empty());
+    EXPECT_TRUE(traffic.targets.empty());
 }
 
 TEST_F(AISTrafficTest, hasNoVesselsWhenNoneAreAskedForAndMovesNone) {
@@ -52,13 +52,13 @@ TEST_F(AISTrafficTest, hasNoVesselsWhenNoneAreAskedForAndMovesNone) {
         random.numbers = {1, 2, 3};
         traffic.regenerate(count, 47.4, -3.55);
         traffic.advance(1);
-        EXPECT_TRUE(traffic.targets().empty());
+        EXPECT_TRUE(traffic.targets.empty());
         EXPECT_EQ(random.numbers.size(), 3U);
     }
 }
 
 TEST_F(AISTrafficTest, makesAVesselFromItsDraws) {
-    random.wholeNumbers = {123456};
+    random.wholeNumbers[900'000] = {123456};
     random.numbers = {90, 2, 45, 7.5};
     traffic.regenerate(1, 60, 10);
     EXPECT_EQ(vessel().mmsi, 227223456);
@@ -75,24 +75,24 @@ TEST_F(AISTrafficTest, namesTwentyVesselsAndThenBeginsAgain) {
         "KEREON",    "MARVENTIN",     "STELLA MARIS",  "AVEL MAD", "PENFRET",
         "MOR BIHAN", "SIROCCO",       "ALIZE",         "GALION",   "OUESSANT"};
     traffic.regenerate(25, 47.4, -3.55);
-    ASSERT_EQ(traffic.targets().size(), 25U);
-    for (std::size_t i = 0; i < 25; ++i) EXPECT_EQ(traffic.targets()[i].name, names[i % 20]);
+    ASSERT_EQ(traffic.targets.size(), 25U);
+    for (std::size_t i = 0; i < 25; ++i) EXPECT_EQ(traffic.targets[i].name, names[i % 20]);
 }
 
 TEST_F(AISTrafficTest, numbersTheCallSignsOverEightPrefixes) {
     traffic.regenerate(25, 47.4, -3.55);
-    EXPECT_EQ(traffic.targets()[0].callsign, "FGA0");
-    EXPECT_EQ(traffic.targets()[1].callsign, "FHB1");
-    EXPECT_EQ(traffic.targets()[7].callsign, "FPH7");
-    EXPECT_EQ(traffic.targets()[8].callsign, "FGA8");
-    EXPECT_EQ(traffic.targets()[10].callsign, "FJC10");
-    EXPECT_EQ(traffic.targets()[24].callsign, "FGA24");
+    EXPECT_EQ(traffic.targets[0].callsign, "FGA0");
+    EXPECT_EQ(traffic.targets[1].callsign, "FHB1");
+    EXPECT_EQ(traffic.targets[7].callsign, "FPH7");
+    EXPECT_EQ(traffic.targets[8].callsign, "FGA8");
+    EXPECT_EQ(traffic.targets[10].callsign, "FJC10");
+    EXPECT_EQ(traffic.targets[24].callsign, "FGA24");
 }
 
 TEST_F(AISTrafficTest, takesShipTypesInTurn) {
     traffic.regenerate(7, 47.4, -3.55);
     std::vector<std::int64_t> types;
-    for (const AISTarget& each : traffic.targets()) types.push_back(each.shipType);
+    for (const AISTarget& each : traffic.targets) types.push_back(each.shipType);
     EXPECT_EQ(types, (std::vector<std::int64_t>{30, 36, 37, 60, 70, 52, 30}));
 }
 
@@ -103,8 +103,8 @@ TEST_F(AISTrafficTest, asksForVesselsFromAThirdOfAMileToFourMilesOff) {
     AISTraffic far(highest);
     near.regenerate(1, 47.4, -3.55);
     far.regenerate(1, 47.4, -3.55);
-    EXPECT_NEAR(distanceFrom(47.4, -3.55, near.targets().front()), 555.6, 1e-6);
-    EXPECT_NEAR(distanceFrom(47.4, -3.55, far.targets().front()), 7408, 1e-6);
+    EXPECT_NEAR(distanceFrom(47.4, -3.55, near.targets.front()), 555.6, 1e-6);
+    EXPECT_NEAR(distanceFrom(47.4, -3.55, far.targets.front()), 7408, 1e-6);
 }
 
 TEST_F(AISTrafficTest, asksForFrenchIdentitiesAndForCoursesAndSpeedsThatBoatsHave) {
@@ -114,12 +114,12 @@ TEST_F(AISTrafficTest, asksForFrenchIdentitiesAndForCoursesAndSpeedsThatBoatsHav
     AISTraffic last(highest);
     first.regenerate(1, 47.4, -3.55);
     last.regenerate(1, 47.4, -3.55);
-    EXPECT_EQ(first.targets().front().mmsi, 227100000);
-    EXPECT_EQ(last.targets().front().mmsi, 227999999);
-    EXPECT_EQ(first.targets().front().sog, 0);
-    EXPECT_EQ(last.targets().front().sog, 18);
-    EXPECT_EQ(first.targets().front().cog, 0);
-    EXPECT_LT(last.targets().front().cog, 360);
+    EXPECT_EQ(first.targets.front().mmsi, 227100000);
+    EXPECT_EQ(last.targets.front().mmsi, 227999999);
+    EXPECT_EQ(first.targets.front().sog, 0);
+    EXPECT_EQ(last.targets.front().sog, 18);
+    EXPECT_EQ(first.targets.front().cog, 0);
+    EXPECT_LT(last.targets.front().cog, 360);
 }
 
 TEST_F(AISTrafficTest, spreadsTheVesselsAllAround) {
@@ -128,7 +128,7 @@ TEST_F(AISTrafficTest, spreadsTheVesselsAllAround) {
     fleet.regenerate(1000, 47.4, -3.55);
     int north = 0;
     int east = 0;
-    for (const AISTarget& each : fleet.targets()) {
+    for (const AISTarget& each : fleet.targets) {
         const double distance = distanceFrom(47.4, -3.55, each);
         EXPECT_TRUE(distance > 555.599 && distance < 7408.001) << distance;
         north += each.latitude > 47.4;
@@ -142,7 +142,7 @@ TEST_F(AISTrafficTest, replacesTheVesselsAndForgetsTheirDrifts) {
     putVessel(47.4, 0, 5);
     push(3, 1);
     putVessel(48, 0, 5);
-    EXPECT_EQ(traffic.targets().size(), 1U);
+    EXPECT_EQ(traffic.targets.size(), 1U);
     push(1, 0);
     EXPECT_EQ(vessel().sog, 5);
     EXPECT_EQ(vessel().cog, 0);
@@ -189,7 +189,7 @@ TEST_F(AISTrafficTest, headsWhereItGoes) {
     AISTraffic fleet(chance);
     fleet.regenerate(30, 47.4, -3.55);
     for (int i = 0; i < 100; ++i) {
-        for (const AISTarget& each : fleet.targets()) EXPECT_EQ(each.heading, each.cog);
+        for (const AISTarget& each : fleet.targets) EXPECT_EQ(each.heading, each.cog);
         fleet.advance(1);
     }
 }
@@ -203,23 +203,23 @@ TEST_F(AISTrafficTest, keepsItsLongitudeAtThePole) {
 }
 
 TEST_F(AISTrafficTest, stepsTheDriftOfASharedIdentityOnceForEachVessel) {
-    random.wholeNumbers = {7, 7};
+    random.wholeNumbers[900'000] = {7, 7};
     random.numbers = {0, 1, 0, 5, 0, 1, 0, 5};
     traffic.regenerate(2, 47.4, -3.55);
     random.numbers.assign(9, 1);  // the second vessel's own draws are all zero
     traffic.advance(1);
-    ASSERT_EQ(traffic.targets()[0].mmsi, traffic.targets()[1].mmsi);
-    EXPECT_NEAR(traffic.targets()[0].sog, 5 + 0.05 * 0.4, 1e-12);
-    EXPECT_NEAR(traffic.targets()[1].sog, 5 + 0.05 * 0.4 * 0.7, 1e-12);
+    ASSERT_EQ(traffic.targets[0].mmsi, traffic.targets[1].mmsi);
+    EXPECT_NEAR(traffic.targets[0].sog, 5 + 0.05 * 0.4, 1e-12);
+    EXPECT_NEAR(traffic.targets[1].sog, 5 + 0.05 * 0.4 * 0.7, 1e-12);
 }
 
 TEST_F(AISTrafficTest, refusesAFleetThatMemoryCannotHoldAndIsLeftWithNone) {
     traffic.regenerate(3, 47.4, -3.55);
     EXPECT_THROW(traffic.regenerate(INT64_MAX, 47.4, -3.55), std::bad_alloc);
-    EXPECT_TRUE(traffic.targets().empty());
+    EXPECT_TRUE(traffic.targets.empty());
     traffic.advance(1);
     traffic.regenerate(2, 47.4, -3.55);
-    EXPECT_EQ(traffic.targets().size(), 2U);
+    EXPECT_EQ(traffic.targets.size(), 2U);
 }
 
 }  // namespace

@@ -268,7 +268,7 @@ TEST_F(BoatSimulationEngineTest, freezesWhenStopped) {
     loop.advance(10s);
     EXPECT_EQ(engine.state, before);
     EXPECT_FALSE(engine.isTicking());
-    EXPECT_EQ(engine.traffic().targets().size(), 2U);
+    EXPECT_EQ(engine.traffic.targets.size(), 2U);
 }
 
 TEST_F(BoatSimulationEngineTest, tellsItsObserversOncePerTickAndOncePerNewStatus) {
@@ -290,10 +290,9 @@ TEST_F(BoatSimulationEngineTest, movesTheVesselsInEveryMode) {
     engine.start(1);
     for (const ControlMode mode : allControlModes) {
         engine.mode = mode;
-        const double before = engine.traffic().targets().front().latitude;
+        const double before = engine.traffic.targets.front().latitude;
         loop.advance(100ms);
-        EXPECT_NEAR(engine.traffic().targets().front().latitude - before, 1852 / 3600.0 / 111320,
-                    1e-9);
+        EXPECT_NEAR(engine.traffic.targets.front().latitude - before, 1852 / 3600.0 / 111320, 1e-9);
     }
 }
 
@@ -301,18 +300,18 @@ TEST_F(BoatSimulationEngineTest, putsTheVesselsAroundTheBoat) {
     startEastward();
     loop.advance(60s);
     engine.setAISTargets(3);
-    ASSERT_EQ(engine.traffic().targets().size(), 3U);
-    EXPECT_EQ(engine.traffic().targets().front().longitude, engine.state->longitude);
+    ASSERT_EQ(engine.traffic.targets.size(), 3U);
+    EXPECT_EQ(engine.traffic.targets.front().longitude, engine.state->longitude);
     engine.start(2);
-    ASSERT_EQ(engine.traffic().targets().size(), 2U);
-    EXPECT_EQ(engine.traffic().targets().front().longitude, -3.55);
+    ASSERT_EQ(engine.traffic.targets.size(), 2U);
+    EXPECT_EQ(engine.traffic.targets.front().longitude, -3.55);
 }
 
 TEST_F(BoatSimulationEngineTest, doesNotTickWithAFleetThatMemoryCannotHold) {
     engine.start(1);
     EXPECT_THROW(engine.start(INT64_MAX), std::bad_alloc);
     EXPECT_FALSE(engine.isTicking());
-    EXPECT_TRUE(engine.traffic().targets().empty());
+    EXPECT_TRUE(engine.traffic.targets.empty());
     EXPECT_THROW(engine.setAISTargets(INT64_MAX), std::bad_alloc);
 }
 

@@ -1,0 +1,145 @@
+"""The built program as a user meets it: its sockets, its standard error, its exit status.
+
+Every wait is bounded; every process that a test starts is ended with it.
+"""
+
+import os
+import re
+import select
+import signal
+import socket
+import subprocess
+import time
+import unittest
+
+PROGRAM = os.environ["TIDEWRIGHT_PROGRAM"]
+PATIENCE = 20.0  # seconds that anything here may take before the test fails
+
+
+def free_port():
+    """A TCP port that nobody holds, on either family."""
+    with socket.socket(socket.AF_INET6, socket.SOCK_STREAM) as probe:
+        probe.bind(("::", 0))
+        return probe.getsockname()[1]
+
+
+class Program:
+    """A running program, ended at the latest by the end of a `with` block."""
+
+    def __init__(self, *arguments, env=None, prefix=()):
+        self.process = subprocess.Popen(
+            [*prefix, PROGRAM, *arguments],
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.PIPE,
+            env={**os.environ, **(env or {})},
+        )
+        self.errors = b""
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.communicate()
+
+    def read_errors_until(self, text):
+        """What stood on standard error when `text` came."""
+        deadline = time.monotonic() + PATIENCE
+        while text.encode() not in self.errors:
+            left = deadline - time.monotonic()
+            if left <= 0 or not select.select([self.process.stderr], [], [], left)[0]:
+                raise AssertionError(f"no {text!r} in {self.errors!r}")
+            piece = os.read(self.process.stderr.fileno(), 65536)
+            if not piece:
+                raise AssertionError(f"ended without {text!r}: {self.errors!r}")
+            self.errors += piece
+        return self.errors.decode()
+
+    def wait(self):
+        """Exit status, standard output and the rest of standard error once it has ended."""
+        out, rest = self.process.communicate(timeout=PATIENCE)
+        return self.process.returncode, out.decode(), (self.errors + rest).decode()
+
+    def interrupt(self):
+        self.process.send_signal(signal.SIGINT)
+        return self.wait()
+
+
+class Client:
+    """A TCP client that reads whole sentences."""
+
+    def __init__(self, port, host="127.0.0.1"):
+        self.socket = connect(port, host)
+        self.rest = b""
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.socket.close()
+
+    def read_for(self, seconds):
+        """The sentences of that time, with the moment at which each arrived."""
+        sentences = []
+        end = time.monotonic() + seconds
+        while (left := end - time.monotonic()) > 0:
+            if not select.select([self.socket], [], [], left)[0]:
+                break
+            piece = self.socket.recv(65536)
+            if not piece:
+                break
+            *whole, self.rest = (self.rest + piece).split(b"\r\n")
+            now = time.monotonic()
+            sentences += [(now, each.decode("ascii")) for each in whole]
+        return sentences
+
+    def read_to_end(self):
+        """Everything until the stream ends; a reset raises ConnectionResetError."""
+        self.socket.settimeout(PATIENCE)
+        data = self.rest
+        while piece := self.socket.recv(65536):
+            data += piece
+        return data
+
+
+def connect(port, host="127.0.0.1"):
+    """A connection to the program, as soon as it listens."""
+    deadline = time.monotonic() + PATIENCE
+    while True:
+        try:
+            return socket.create_connection((host, port), timeout=PATIENCE)
+        except ConnectionRefusedError:
+            if time.monotonic() > deadline:
+                raise
+            time.sleep(0.005)
+
+
+def has_right_checksum(sentence):
+    """Whether `sentence`, without its line end, carries the checksum of its body."""
+    match = re.fullmatch(r"[$!]([^*]+)\*([0-9A-F]{2})", sentence)
+    if not match:
+        return False
+    checksum = 0
+    for byte in match[1].encode("ascii"):
+        checksum ^= byte
+    return checksum == int(match[2], 16)
+
+
+def french_locale():
+    """The environment of a French desktop, its locale made here if the machine lacks it."""
+    folder = os.path.join(os.path.dirname(os.path.abspath(PROGRAM)), "locales")
+    if not os.path.isdir(os.path.join(folder, "fr_FR.UTF-8")):
+        os.makedirs(folder, exist_ok=True)
+        subprocess.run(
+            ["localedef", "-i", "fr_FR", "-f", "UTF-8", os.path.join(folder, "fr_FR.UTF-8")],
+            check=True,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+        )
+    return {"LOCPATH": folder, "LANG": "fr_FR.UTF-8", "LC_ALL": "fr_FR.UTF-8"}
+
+
+def main():
+    unittest.main(verbosity=2)
