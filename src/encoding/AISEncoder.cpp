@@ -44,6 +44,14 @@ void appendHeader(BitWriter& bits, unsigned messageType, const AISTarget& target
     bits.append(unsignedBits(target.mmsi, "an MMSI must not be negative"), 30);
 }
 
+template <typename... Fields>
+std::string framed(bool corrupt, fmt::format_string<const Fields&...> body,
+                   const Fields&... fields) {
+    fmt::memory_buffer text;
+    fmt::format_to(fmt::appender(text), body, fields...);
+    return NMEAChecksum::sentence('!', {text.data(), text.size()}, corrupt);
+}
+
 std::uint64_t secondOfMinute(platform::WallTime time) {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
     return fieldBits((seconds - std::chrono::floor<std::chrono::minutes>(seconds)).count());
@@ -67,8 +75,7 @@ std::string AISEncoder::positionReport(const AISTarget& target) const {
     bits.append(secondOfMinute(now), 6);
     bits.append(0, 2 + 3 + 1 + 19);  // manoeuvre, spare, RAIM, radio status
     const auto [payload, fillBits] = bits.armored();
-    return NMEAChecksum::sentence('!', fmt::format("AIVDM,1,1,,A,{},{}", payload, fillBits),
-                                  corrupt);
+    return framed(corrupt, "AIVDM,1,1,,A,{},{}", payload, fillBits);
 }
 
 std::array<std::string, 2> AISEncoder::staticReport(const AISTarget& target, int sequenceId) const {
@@ -85,14 +92,9 @@ std::array<std::string, 2> AISEncoder::staticReport(const AISTarget& target, int
     bits.append(0, 1 + 1);          // DTE, spare
     const auto [payload, fillBits] = bits.armored();
     const std::string_view text = payload;
-    return {NMEAChecksum::sentence(
-                '!',
-                fmt::format("AIVDM,2,1,{},A,{},0", sequenceId, text.substr(0, firstFragmentLength)),
-                corrupt),
-            NMEAChecksum::sentence('!',
-                                   fmt::format("AIVDM,2,2,{},A,{},{}", sequenceId,
-                                               text.substr(firstFragmentLength), fillBits),
-                                   corrupt)};
+    return {framed(corrupt, "AIVDM,2,1,{},A,{},0", sequenceId, text.substr(0, firstFragmentLength)),
+            framed(corrupt, "AIVDM,2,2,{},A,{},{}", sequenceId, text.substr(firstFragmentLength),
+                   fillBits)};
 }
 
 }  // namespace tidewright::encoding

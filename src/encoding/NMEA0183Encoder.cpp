@@ -120,12 +120,12 @@ std::string NMEA0183Encoder::utcDate(platform::WallTime time) {
 
 std::string NMEA0183Encoder::lat(double degrees) {
     const auto [whole, minutes] = split(degrees);
-    return fmt::format("{:02}{:07.4f},{}", whole, minutes, degrees >= 0 ? 'N' : 'S');
+    return fmt::format("{:02}{:0>7},{}", whole, f(minutes, 4), degrees >= 0 ? 'N' : 'S');
 }
 
 std::string NMEA0183Encoder::lon(double degrees) {
     const auto [whole, minutes] = split(degrees);
-    return fmt::format("{:03}{:07.4f},{}", whole, minutes, degrees >= 0 ? 'E' : 'W');
+    return fmt::format("{:03}{:0>7},{}", whole, f(minutes, 4), degrees >= 0 ? 'E' : 'W');
 }
 
 std::string NMEA0183Encoder::f(double value, int decimals) {

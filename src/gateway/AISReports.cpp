@@ -20,6 +20,7 @@ std::int64_t emissionsPerRound(double aisHz) {
 std::vector<std::string> AISReports::next(const std::vector<simulation::AISTarget>& targets,
                                           const encoding::AISEncoder& encoder, double aisHz) {
     std::vector<std::string> sentences;
+    sentences.reserve(targets.size());
     for (const auto& target : targets) sentences.push_back(encoder.positionReport(target));
     if (--staticCountdown_ > 0) return sentences;
     staticCountdown_ = emissionsPerRound(aisHz);

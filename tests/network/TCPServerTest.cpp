@@ -19,7 +19,6 @@ namespace {
 using namespace std::chrono_literals;
 
 using testing::AllOf;
-using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -62,7 +61,7 @@ public:
         const int lowestFree = dup(STDERR_FILENO);
         close(lowestFree);
         rlimit scarce = usual_;
-        scarce.rlim_cur = static_cast<rlim_t>(lowestFree + count);
+        scarce.rlim_cur = static_cast<rlim_t>(lowestFree) + static_cast<rlim_t>(count);
         setrlimit(RLIMIT_NOFILE, &scarce);
     }
 
