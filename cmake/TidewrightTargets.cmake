@@ -7,6 +7,18 @@ target_compile_features(tidewright_compile_options INTERFACE cxx_std_20)
 # No fused multiply-add: the simulation gives the same digits on every machine.
 target_compile_options(tidewright_compile_options INTERFACE
     -ffp-contract=off -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor)
+# A release runs for weeks on a network with strangers: make their work hard.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+target_compile_options(tidewright_compile_options INTERFACE
+    $<$<CONFIG:Release>:-fstack-protector-strong>
+    $<$<AND:$<CONFIG:Release>,$<PLATFORM_ID:Linux>>:-fstack-clash-protection;-D_FORTIFY_SOURCE=2>)
+target_link_options(tidewright_compile_options INTERFACE
+    $<$<AND:$<CONFIG:Release>,$<PLATFORM_ID:Linux>>:LINKER:-z,relro,-z,now>)
+# The same bytes wherever the sources lie.
+target_compile_options(tidewright_compile_options INTERFACE
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
 if(TIDEWRIGHT_WARNINGS_AS_ERRORS)
     target_compile_options(tidewright_compile_options INTERFACE -Werror)
 endif()
