@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+#include <QString>
+
+namespace tidewright::ui {
+
+/// Numbers as the window shows them: always with a decimal point, whatever the desktop's language.
+class DialText : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+public:
+    /// `value` in a printf format for one double, as in "%.1f".
+    Q_INVOKABLE static QString of(const QString& format, double value);
+};
+
+}  // namespace tidewright::ui

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QSocketNotifier>
+#include <functional>
+
+namespace tidewright::ui {
+
+/// Turns SIGINT and SIGTERM into a call on the main thread, so that the program can end as when its
+/// window is closed. One for the life of the process.
+class TerminationSignals {
+public:
+    explicit TerminationSignals(std::function<void()> requested);
+    ~TerminationSignals();
+    TerminationSignals(const TerminationSignals&) = delete;
+    TerminationSignals& operator=(const TerminationSignals&) = delete;
+
+private:
+    QSocketNotifier arrival_;
+};
+
+}  // namespace tidewright::ui

@@ -1,0 +1,29 @@
+import QtQuick
+import QtQuick.Window
+import Tidewright
+
+/// The program's one window.
+Window {
+    id: root
+
+    required property BoatSimulationEngine engine
+    required property SimulationConfig config
+    required property FailureInjection failure
+    required property GatewaySimulator simulator
+
+    width: Math.min(Pel.windowWidth, Screen.desktopAvailableWidth)
+    height: Math.min(Pel.windowHeight, Screen.desktopAvailableHeight)
+    minimumWidth: Pel.minimumWidth
+    minimumHeight: Pel.minimumHeight
+    visible: true
+    color: Pel.canvas
+    title: "Tidewright"
+
+    ContentView {
+        anchors.fill: parent
+        engine: root.engine
+        config: root.config
+        failure: root.failure
+        simulator: root.simulator
+    }
+}

@@ -1,0 +1,76 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidewright
+
+/// The settings that most people leave alone.
+Disclosure {
+    id: root
+
+    required property SimulationConfig config
+    required property GatewaySimulator simulator
+
+    heading: "Réglages avancés"
+    image: "gearshape"
+
+    section: ColumnLayout {
+        spacing: Pel.margin
+
+        Caption {
+            objectName: "lockedReason"
+            Layout.fillWidth: true
+            visible: root.simulator.isRunning
+            text: "Arrêtez l'émission pour changer de passerelle, de ports, d'identifiant ou de cadences."
+            color: Pel.warn
+        }
+
+        GridLayout {
+            Layout.fillWidth: true
+            columns: width >= Pel.twoColumnWidth - 4 * Pel.margin ? 2 : 1
+            columnSpacing: 2 * Pel.margin
+            rowSpacing: Pel.margin
+
+            ColumnLayout {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                Layout.alignment: Qt.AlignTop
+                spacing: Pel.margin
+
+                PresetSection {
+                    Layout.fillWidth: true
+                    enabled: !root.simulator.isRunning
+                    config: root.config
+                }
+                OutputSection {
+                    Layout.fillWidth: true
+                    config: root.config
+                    locked: root.simulator.isRunning
+                }
+            }
+            ColumnLayout {
+                Layout.fillWidth: true
+                Layout.preferredWidth: 1
+                Layout.alignment: Qt.AlignTop
+                spacing: Pel.margin
+
+                RateSection {
+                    Layout.fillWidth: true
+                    enabled: !root.simulator.isRunning
+                    config: root.config
+                }
+                StepperRow {
+                    Layout.fillWidth: true
+                    label: "Cibles AIS"
+                    valueText: root.config.aisTargetCount
+                    value: root.config.aisTargetCount
+                    from: 0
+                    to: 100
+                    step: 1
+                    onEdited: value => {
+                        root.config.aisTargetCount = value;
+                        root.simulator.regenerateAIS();
+                    }
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,69 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Tidewright
+
+/// A card that unfolds. What it holds is made when it is first opened.
+Card {
+    id: root
+
+    required property string heading
+    required property string image
+    required property bool open
+    required property Component section
+
+    signal toggled()
+
+    AbstractButton {
+        id: header
+
+        objectName: "disclosure"
+        Layout.fillWidth: true
+        implicitHeight: Pel.symbolSize + Pel.tight
+        text: root.heading
+        focusPolicy: Qt.StrongFocus
+        Accessible.role: Accessible.Button
+        Accessible.name: text
+        Accessible.description: root.open ? "déplié" : "replié"
+        Accessible.onPressAction: clicked()
+        onClicked: root.toggled()
+
+        contentItem: RowLayout {
+            spacing: Pel.gap
+
+            Symbol {
+                name: root.image
+                color: Pel.brand
+            }
+            Text {
+                Layout.fillWidth: true
+                text: header.text
+                color: Pel.ink
+                font.pixelSize: Pel.headingSize
+                font.weight: Font.DemiBold
+                textFormat: Text.PlainText
+                Accessible.ignored: true
+            }
+            Symbol {
+                name: "chevron.down"
+                rotation: root.open ? 180 : 0
+                color: header.hovered ? Pel.ink : Pel.inkMuted
+            }
+        }
+        background: Item {
+            FocusRing {
+                anchors.margins: -Pel.tight
+                active: header.visualFocus
+            }
+        }
+    }
+
+    Loader {
+        Layout.fillWidth: true
+        visible: root.open
+        active: root.open
+        sourceComponent: root.section
+    }
+}

@@ -1,0 +1,58 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Tidewright
+
+/// A button in the filled look.
+AbstractButton {
+    id: root
+
+    property color tone: Pel.brand
+    property string systemImage: ""
+
+    implicitHeight: Pel.buttonHeight
+    implicitWidth: contentItem.implicitWidth + 2 * Pel.wide
+    focusPolicy: Qt.StrongFocus
+    opacity: enabled ? 1 : Pel.disabledOpacity
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: clicked()
+
+    background: Rectangle {
+        radius: Pel.cardRadius
+        color: root.down ? Pel.mix(root.tone, Pel.canvas, 0.2)
+                         : root.hovered ? Pel.mix(root.tone, Pel.ink, 0.2) : root.tone
+
+        FocusRing {
+            radius: Pel.cardRadius
+            active: root.visualFocus
+        }
+    }
+    contentItem: Item {
+        implicitWidth: row.implicitWidth
+        implicitHeight: row.implicitHeight
+
+        RowLayout {
+            id: row
+
+            anchors.centerIn: parent
+            spacing: Pel.gap
+
+            Symbol {
+                visible: root.systemImage !== ""
+                name: root.systemImage
+                color: Pel.onBrand
+            }
+            Text {
+                text: root.text
+                color: Pel.onBrand
+                font.pixelSize: Pel.headingSize
+                font.weight: Font.DemiBold
+                textFormat: Text.PlainText
+                Accessible.ignored: true
+            }
+        }
+    }
+}

@@ -1,0 +1,97 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Tidewright
+
+/// One choice of a few, side by side. Arrows move between them; picked() reports the user's.
+Rectangle {
+    id: root
+
+    required property string label
+    required property list<string> values
+    required property list<string> labels
+    required property string current
+
+    signal picked(value: string)
+
+    function move(step: int) {
+        const next = segments.itemAt(values.indexOf(current) + step);
+        if (next) {
+            picked(values[values.indexOf(current) + step]);
+            next.forceActiveFocus(Qt.TabFocusReason);
+        }
+    }
+
+    implicitWidth: row.implicitWidth + 2 * row.anchors.margins
+    implicitHeight: Pel.controlHeight
+    radius: Pel.radius
+    color: Pel.panelAlt
+    border.width: Pel.hair
+    border.color: Pel.line
+    opacity: enabled ? 1 : Pel.disabledOpacity
+    Accessible.role: Accessible.Grouping
+    Accessible.name: label
+
+    Keys.onLeftPressed: move(-1)
+    Keys.onUpPressed: move(-1)
+    Keys.onRightPressed: move(+1)
+    Keys.onDownPressed: move(+1)
+
+    RowLayout {
+        id: row
+
+        anchors.fill: parent
+        anchors.margins: Pel.tight
+        spacing: Pel.tight
+
+        Repeater {
+            id: segments
+
+            model: root.labels
+
+            AbstractButton {
+                id: segment
+
+                required property int index
+                required property string modelData
+                readonly property bool chosen: root.values[index] === root.current
+
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                implicitWidth: contentItem.implicitWidth + 2 * Pel.tight
+                text: modelData
+                focusPolicy: chosen ? Qt.StrongFocus : Qt.ClickFocus
+                Accessible.role: Accessible.RadioButton
+                Accessible.name: text
+                Accessible.checkable: true
+                Accessible.checked: chosen
+                Accessible.onPressAction: clicked()
+                Accessible.onToggleAction: clicked()
+                onClicked: root.picked(root.values[index])
+
+                background: Rectangle {
+                    radius: Pel.tight
+                    color: segment.chosen ? Pel.brand : segment.hovered ? Pel.line : "transparent"
+
+                    FocusRing {
+                        radius: Pel.tight
+                        active: segment.visualFocus
+                    }
+                }
+                contentItem: Text {
+                    text: segment.text
+                    color: segment.chosen ? Pel.onBrand : Pel.ink
+                    font.pixelSize: Pel.captionSize
+                    font.weight: Font.Medium
+                    textFormat: Text.PlainText
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    elide: Text.ElideRight
+                    Accessible.ignored: true
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,73 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidewright
+
+/// The address to type into the companion app, and who is connected.
+ColumnLayout {
+    id: root
+
+    required property SimulationConfig config
+    required property GatewaySimulator simulator
+    required property bool copied
+
+    spacing: Pel.space
+
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: Pel.gap
+
+        StatTile {
+            Layout.fillWidth: true
+            Layout.minimumWidth: Pel.addressWidth
+            label: "Adresse IP"
+            value: root.simulator.ipAddress
+            tone: root.simulator.isReachable ? Pel.brand : Pel.warn
+        }
+        StatTile {
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            label: "Port TCP"
+            value: root.config.tcpPort
+        }
+        StatTile {
+            Layout.fillWidth: true
+            Layout.preferredWidth: 1
+            label: "Port UDP"
+            value: root.config.udpPort
+        }
+    }
+
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: Pel.space
+
+        GhostButtonStyle {
+            text: "Copier l'adresse"
+            systemImage: root.copied ? "checkmark" : "doc.on.doc"
+            enabled: root.simulator.isReachable
+            Accessible.description: root.copied ? "copiée" : ""
+            onClicked: {
+                root.simulator.copyAddress();
+                root.copied = true;
+                feedback.restart();
+            }
+        }
+        Dot {
+            color: root.simulator.hasClients ? Pel.ok : Pel.inkMuted
+            pulsing: false
+        }
+        BodyText {
+            objectName: "clientText"
+            Layout.fillWidth: true
+            text: root.simulator.clientText
+            color: root.simulator.hasClients ? Pel.ok : Pel.inkMuted
+        }
+    }
+
+    Timer {
+        id: feedback
+
+        interval: Pel.feedbackInterval
+        onTriggered: root.copied = false
+    }
+}

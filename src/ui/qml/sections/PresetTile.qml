@@ -1,0 +1,63 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Tidewright
+
+/// One commercial gateway, to be pressed.
+AbstractButton {
+    id: root
+
+    required property string details
+    required property bool chosen
+
+    implicitHeight: contentItem.implicitHeight + 2 * Pel.gap
+    focusPolicy: Qt.StrongFocus
+    opacity: enabled ? 1 : Pel.disabledOpacity
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: text
+    Accessible.description: details
+    Accessible.checkable: true
+    Accessible.checked: chosen
+    Accessible.onPressAction: clicked()
+    Accessible.onToggleAction: clicked()
+
+    background: Rectangle {
+        radius: Pel.radius
+        color: root.hovered ? Pel.mix(Pel.panelAlt, Pel.line, 0.5) : Pel.panelAlt
+        border.width: root.chosen ? Pel.focusWidth : Pel.hair
+        border.color: root.chosen ? Pel.brand : Pel.line
+
+        FocusRing {
+            active: root.visualFocus
+        }
+    }
+    contentItem: ColumnLayout {
+        spacing: 0
+
+        Text {
+            Layout.fillWidth: true
+            Layout.leftMargin: Pel.space
+            Layout.rightMargin: Pel.space
+            text: root.text
+            color: Pel.ink
+            font.pixelSize: Pel.textSize
+            font.weight: Font.Medium
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+        Text {
+            Layout.fillWidth: true
+            Layout.leftMargin: Pel.space
+            Layout.rightMargin: Pel.space
+            text: root.details
+            color: Pel.inkMuted
+            font.pixelSize: Pel.labelSize
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            Accessible.ignored: true
+        }
+    }
+}

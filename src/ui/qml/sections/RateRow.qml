@@ -1,0 +1,52 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidewright
+
+/// One sentence family: whether it is sent, and how many times a second.
+RowLayout {
+    id: root
+
+    required property string label
+    required property bool sent
+    required property real rate
+    readonly property string rateText: DialText.of("%.1f", rate) + " Hz"
+
+    signal switched(value: bool)
+    signal edited(value: real)
+
+    spacing: Pel.gap
+
+    SwitchRow {
+        objectName: "switch"
+        Layout.fillWidth: true
+        Layout.preferredWidth: 3
+        leading: true
+        text: root.label
+        setting: root.sent
+        onEdited: value => root.switched(value)
+    }
+    DialSlider {
+        objectName: "slider"
+        Layout.fillWidth: true
+        Layout.preferredWidth: 2
+        from: 0
+        to: 20
+        stepSize: 0.1
+        setting: root.rate
+        valueText: root.rateText
+        Accessible.name: "Cadence : " + root.label
+        onEdited: value => root.edited(value)
+    }
+    Text {
+        objectName: "rateText"
+        Layout.preferredWidth: Pel.rateValueWidth
+        text: root.rateText
+        color: Pel.ink
+        opacity: enabled ? 1 : Pel.disabledOpacity
+        font.family: Pel.monoFamily
+        font.pixelSize: Pel.textSize
+        textFormat: Text.PlainText
+        horizontalAlignment: Text.AlignRight
+        Accessible.ignored: true
+    }
+}
