@@ -6,8 +6,9 @@
 
 namespace tidewright::ui {
 
-QString DialText::of(const QString& format, double value) {
-    return QString::fromStdString(fmt::sprintf(format.toStdString(), value));
+QString DialText::of(const QString& format, double value, const QString& unit) {
+    const QString number = QString::fromStdString(fmt::sprintf(format.toStdString(), value));
+    return unit == QStringLiteral("°") ? number + unit : number + QLatin1Char(' ') + unit;
 }
 
 }  // namespace tidewright::ui

@@ -13,8 +13,9 @@ class DialText : public QObject {
     QML_SINGLETON
 
 public:
-    /// `value` in a printf format for one double, as in "%.1f".
-    Q_INVOKABLE static QString of(const QString& format, double value);
+    /// `value` in a printf format for one double, as in "%.1f", and its unit, after a space unless
+    /// it is a degree sign.
+    Q_INVOKABLE static QString of(const QString& format, double value, const QString& unit);
 };
 
 }  // namespace tidewright::ui

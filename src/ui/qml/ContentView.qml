@@ -27,6 +27,8 @@ Item {
         }
 
         ScrollPane {
+            id: pane
+
             objectName: "scrollPane"
             Layout.fillWidth: true
             Layout.fillHeight: true
@@ -39,7 +41,8 @@ Item {
 
                 ColumnLayout {
                     Layout.fillWidth: true
-                    Layout.alignment: Qt.AlignTop
+                    Layout.fillHeight: true
+                    Layout.preferredWidth: 1
                     spacing: Pel.margin
 
                     ConnectionCard {
@@ -51,31 +54,43 @@ Item {
                     }
                     InstrumentsCard {
                         Layout.fillWidth: true
+                        Layout.fillHeight: true
                         engine: root.engine
                         simulator: root.simulator
                     }
                 }
                 SimulationCard {
                     Layout.fillWidth: true
-                    Layout.alignment: Qt.AlignTop
+                    Layout.fillHeight: true
+                    Layout.preferredWidth: 1
                     engine: root.engine
                     simulator: root.simulator
                 }
                 AdvancedCard {
+                    id: advanced
+
                     Layout.fillWidth: true
                     Layout.columnSpan: root.twoColumns ? 2 : 1
                     config: root.config
                     simulator: root.simulator
                     open: root.showAdvanced
-                    onToggled: root.showAdvanced = !root.showAdvanced
+                    onToggled: {
+                        root.showAdvanced = !root.showAdvanced;
+                        pane.showGrown(root.showAdvanced ? advanced : null);
+                    }
                 }
                 ConsoleCard {
+                    id: log
+
                     Layout.fillWidth: true
                     Layout.columnSpan: root.twoColumns ? 2 : 1
                     failure: root.failure
                     simulator: root.simulator
                     open: root.showConsole
-                    onToggled: root.showConsole = !root.showConsole
+                    onToggled: {
+                        root.showConsole = !root.showConsole;
+                        pane.showGrown(root.showConsole ? log : null);
+                    }
                 }
             }
         }

@@ -41,8 +41,8 @@ QtObject {
     readonly property int rowHeight: 28
     readonly property int buttonHeight: 48
     readonly property int symbolSize: 20
+    readonly property int startWidth: 480
     readonly property int headingSymbolSize: 32
-    readonly property int addressWidth: 176
     readonly property int dotSize: 12
     readonly property int knobSize: 16
     readonly property int trackThickness: 4
@@ -50,7 +50,8 @@ QtObject {
     readonly property int switchHeight: 24
     readonly property int stepWidth: 40
     readonly property int portWidth: 96
-    readonly property int rateValueWidth: 64
+    readonly property int rateValueWidth: 56
+    readonly property int familyWidth: 196
     readonly property int focusWidth: 2
     readonly property int scrollBarWidth: 8
 
@@ -64,8 +65,9 @@ QtObject {
     readonly property int minimumWidth: 400
     readonly property int minimumHeight: 600
     readonly property int windowWidth: 1040
-    readonly property int windowHeight: 800
+    readonly property int windowHeight: 960
     readonly property int twoColumnWidth: 800
+    readonly property int sideBySideWidth: 400
     readonly property int contentWidth: 1280
 
     readonly property int titleSize: 20

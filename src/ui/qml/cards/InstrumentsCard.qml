@@ -15,11 +15,13 @@ Card {
 
     component Tile: StatTile {
         Layout.fillWidth: true
+        Layout.fillHeight: true
         Layout.preferredWidth: Layout.columnSpan // tiles of one span are equally wide
     }
 
     GridLayout {
         Layout.fillWidth: true
+        Layout.fillHeight: true
         columns: 3
         columnSpacing: Pel.gap
         rowSpacing: Pel.gap

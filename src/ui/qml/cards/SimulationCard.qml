@@ -25,6 +25,7 @@ Card {
         id: section
 
         Layout.fillWidth: true
+        Layout.alignment: Qt.AlignTop
         sourceComponent: {
             switch (root.engine.mode) {
             case "auto":

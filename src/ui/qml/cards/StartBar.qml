@@ -25,6 +25,7 @@ Rectangle {
         spacing: Pel.gap
 
         RowLayout {
+            Layout.alignment: Qt.AlignHCenter
             visible: root.simulator.lastError !== ""
             spacing: Pel.gap
 
@@ -36,6 +37,7 @@ Rectangle {
             BodyText {
                 objectName: "lastError"
                 Layout.fillWidth: true
+                Layout.maximumWidth: implicitWidth
                 text: root.simulator.lastError
                 color: Pel.danger
                 Accessible.role: Accessible.AlertMessage
@@ -45,6 +47,8 @@ Rectangle {
         PrimaryButtonStyle {
             objectName: "startButton"
             Layout.fillWidth: true
+            Layout.maximumWidth: Pel.startWidth
+            Layout.alignment: Qt.AlignHCenter
             text: root.simulator.isRunning ? "Arrêter l'émission" : "Démarrer l'émission"
             systemImage: root.simulator.isRunning ? "stop" : "play"
             tone: root.simulator.isRunning ? Pel.danger : Pel.brand

@@ -111,6 +111,7 @@ ListView {
         id: bar
 
         padding: 0
+        minimumSize: 0.1
         contentItem: Rectangle {
             implicitWidth: Pel.scrollBarWidth
             radius: Pel.tight

@@ -64,6 +64,7 @@ Rectangle {
         ColumnLayout {
             id: body
 
+            Layout.fillHeight: true
             spacing: Pel.space
         }
     }

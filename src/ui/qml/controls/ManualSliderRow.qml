@@ -13,7 +13,7 @@ ColumnLayout {
     required property real step
     required property string unit
     required property string format
-    readonly property string valueText: DialText.of(format, value) + " " + unit
+    readonly property string valueText: DialText.of(format, value, unit)
 
     signal edited(value: real)
 

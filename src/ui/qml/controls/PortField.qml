@@ -11,6 +11,7 @@ TextField {
 
     required property string label
     required property string setting
+    required property bool valid
 
     signal entered(text: string)
 
@@ -23,7 +24,7 @@ TextField {
     leftPadding: Pel.space
     rightPadding: Pel.space
     text: setting
-    color: SimulationConfig.isPort(text) ? Pel.ink : Pel.danger
+    color: valid ? Pel.ink : Pel.danger
     selectionColor: Pel.brand
     selectedTextColor: Pel.onBrand
     font.family: Pel.monoFamily

@@ -44,6 +44,7 @@ AbstractButton {
                 visible: root.systemImage !== ""
                 name: root.systemImage
                 color: Pel.onBrand
+                filled: true
             }
             Text {
                 text: root.text

@@ -8,14 +8,18 @@ Flickable {
     id: root
 
     default property alias content: column.data
+    property Item growing: null
 
+    /// Brings `item` into sight, its upper end first.
     function show(item: Item) {
-        const top = item.mapToItem(column, 0, 0).y + column.y;
-        const bottom = top + item.height + Pel.margin;
-        if (top - Pel.margin < contentY)
-            contentY = Math.max(top - Pel.margin, 0);
-        else if (bottom > contentY + height)
-            contentY = Math.min(bottom, contentHeight) - height;
+        const top = item.mapToItem(column, 0, 0).y;
+        const bottom = top + item.height + 2 * Pel.margin;
+        contentY = Math.min(Math.max(contentY, bottom - height), top);
+    }
+
+    /// The same, once `item` has the height that it is about to take.
+    function showGrown(item: Item) {
+        growing = item;
     }
 
     function contains(item: Item): bool {
@@ -42,11 +46,22 @@ Flickable {
         id: bar
 
         padding: 0
+        minimumSize: 0.1
         contentItem: Rectangle {
             implicitWidth: Pel.scrollBarWidth
             radius: Pel.tight
             color: bar.pressed ? Pel.inkMuted : Pel.line
             visible: bar.size < 1
+        }
+    }
+
+    Connections {
+        target: root.growing
+
+        function onHeightChanged() {
+            const grown = root.growing;
+            root.growing = null;
+            root.show(grown);
         }
     }
 

@@ -51,7 +51,7 @@ Rectangle {
 
             model: root.labels
 
-            AbstractButton {
+            RadioButton {
                 id: segment
 
                 required property int index
@@ -61,16 +61,16 @@ Rectangle {
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 implicitWidth: contentItem.implicitWidth + 2 * Pel.tight
+                padding: 0
                 text: modelData
+                checked: chosen
                 focusPolicy: chosen ? Qt.StrongFocus : Qt.ClickFocus
-                Accessible.role: Accessible.RadioButton
                 Accessible.name: text
-                Accessible.checkable: true
-                Accessible.checked: chosen
                 Accessible.onPressAction: clicked()
                 Accessible.onToggleAction: clicked()
                 onClicked: root.picked(root.values[index])
 
+                indicator: null
                 background: Rectangle {
                     radius: Pel.tight
                     color: segment.chosen ? Pel.brand : segment.hovered ? Pel.line : "transparent"

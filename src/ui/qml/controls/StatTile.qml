@@ -30,7 +30,7 @@ Rectangle {
         required property string value
         required property string unit
 
-        spacing: Pel.tight
+        spacing: unit.startsWith("°") ? 0 : Pel.tight
 
         Text {
             id: digits
@@ -54,11 +54,11 @@ Rectangle {
     ColumnLayout {
         id: column
 
-        anchors.fill: parent
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.left: parent.left
+        anchors.right: parent.right
         anchors.leftMargin: Pel.space
         anchors.rightMargin: Pel.space
-        anchors.topMargin: Pel.gap
-        anchors.bottomMargin: Pel.gap
         spacing: 0
 
         Text {

@@ -8,6 +8,7 @@ Item {
 
     required property string name
     required property color color
+    property bool filled: false
 
     function path(name: string): string {
         switch (name) {
@@ -57,7 +58,7 @@ Item {
         ShapePath {
             strokeColor: root.color
             strokeWidth: 1.75
-            fillColor: "transparent"
+            fillColor: root.filled ? root.color : "transparent"
             capStyle: ShapePath.RoundCap
             joinStyle: ShapePath.RoundJoin
 

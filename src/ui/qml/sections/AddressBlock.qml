@@ -12,13 +12,16 @@ ColumnLayout {
 
     spacing: Pel.space
 
-    RowLayout {
+    GridLayout {
         Layout.fillWidth: true
-        spacing: Pel.gap
+        columns: width >= Pel.sideBySideWidth ? 4 : 2
+        columnSpacing: Pel.gap
+        rowSpacing: Pel.gap
 
         StatTile {
             Layout.fillWidth: true
-            Layout.minimumWidth: Pel.addressWidth
+            Layout.preferredWidth: 2
+            Layout.columnSpan: 2
             label: "Adresse IP"
             value: root.simulator.ipAddress
             tone: root.simulator.isReachable ? Pel.brand : Pel.warn
@@ -56,7 +59,7 @@ ColumnLayout {
             color: root.simulator.hasClients ? Pel.ok : Pel.inkMuted
             pulsing: false
         }
-        BodyText {
+        Caption {
             objectName: "clientText"
             Layout.fillWidth: true
             text: root.simulator.clientText

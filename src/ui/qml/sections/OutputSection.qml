@@ -43,6 +43,7 @@ ColumnLayout {
             label: "Port " + output.transport
             enabled: !root.locked
             setting: output.port
+            valid: root.config.isPort(text)
             onEntered: text => output.entered(text)
         }
     }

@@ -11,6 +11,7 @@ ColumnLayout {
     spacing: Pel.gap
 
     SectionLabel {
+        Layout.topMargin: Pel.tight
         text: "Performance du bateau"
     }
     ManualSliderRow {

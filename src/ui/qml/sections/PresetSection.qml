@@ -19,7 +19,7 @@ ColumnLayout {
     }
     GridLayout {
         Layout.fillWidth: true
-        columns: 2
+        columns: width >= Pel.sideBySideWidth ? 2 : 1
         columnSpacing: Pel.gap
         rowSpacing: Pel.gap
 

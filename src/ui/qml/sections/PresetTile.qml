@@ -6,23 +6,24 @@ import QtQuick.Layouts
 import Tidewright
 
 /// One commercial gateway, to be pressed.
-AbstractButton {
+RadioButton {
     id: root
 
     required property string details
     required property bool chosen
 
-    implicitHeight: contentItem.implicitHeight + 2 * Pel.gap
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+    horizontalPadding: Pel.space
+    verticalPadding: Pel.gap
+    checked: chosen
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : Pel.disabledOpacity
-    Accessible.role: Accessible.RadioButton
     Accessible.name: text
     Accessible.description: details
-    Accessible.checkable: true
-    Accessible.checked: chosen
     Accessible.onPressAction: clicked()
     Accessible.onToggleAction: clicked()
 
+    indicator: null
     background: Rectangle {
         radius: Pel.radius
         color: root.hovered ? Pel.mix(Pel.panelAlt, Pel.line, 0.5) : Pel.panelAlt
@@ -38,8 +39,6 @@ AbstractButton {
 
         Text {
             Layout.fillWidth: true
-            Layout.leftMargin: Pel.space
-            Layout.rightMargin: Pel.space
             text: root.text
             color: Pel.ink
             font.pixelSize: Pel.textSize
@@ -50,13 +49,11 @@ AbstractButton {
         }
         Text {
             Layout.fillWidth: true
-            Layout.leftMargin: Pel.space
-            Layout.rightMargin: Pel.space
             text: root.details
             color: Pel.inkMuted
             font.pixelSize: Pel.labelSize
             textFormat: Text.PlainText
-            wrapMode: Text.Wrap
+            elide: Text.ElideRight
             Accessible.ignored: true
         }
     }

@@ -9,7 +9,7 @@ RowLayout {
     required property string label
     required property bool sent
     required property real rate
-    readonly property string rateText: DialText.of("%.1f", rate) + " Hz"
+    readonly property string rateText: DialText.of("%.1f", rate, "Hz")
 
     signal switched(value: bool)
     signal edited(value: real)
@@ -18,8 +18,7 @@ RowLayout {
 
     SwitchRow {
         objectName: "switch"
-        Layout.fillWidth: true
-        Layout.preferredWidth: 3
+        Layout.preferredWidth: Pel.familyWidth
         leading: true
         text: root.label
         setting: root.sent
@@ -28,7 +27,6 @@ RowLayout {
     DialSlider {
         objectName: "slider"
         Layout.fillWidth: true
-        Layout.preferredWidth: 2
         from: 0
         to: 20
         stepSize: 0.1

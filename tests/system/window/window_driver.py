@@ -1,0 +1,233 @@
+"""The running control window, driven as a person with assistive technology does (AT-SPI).
+
+Controls are found by their French labels. Nothing here sleeps for a fixed time: whatever is expected
+is looked for until it comes or the time is up.
+"""
+import os
+import signal
+import subprocess
+import time
+import warnings
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+warnings.filterwarnings("ignore", category=DeprecationWarning)
+
+TITLE = "Tidewright"
+
+
+class NotFound(AssertionError):
+    pass
+
+
+class ControlWindow:
+    """One run of the program, from its first frame to its end."""
+
+    def __init__(self, program, environment=None, timeout=15.0):
+        Atspi.init()
+        Atspi.set_timeout(2000, 5000)
+        self.timeout = timeout
+        self.root = None
+        # The registry must be up before the program looks for it, which it does only once.
+        self.until(lambda: Atspi.get_desktop(0).get_child_count() >= 0, "the accessibility bus")
+        self.process = subprocess.Popen(
+            [program], stderr=subprocess.PIPE, env={**os.environ, **(environment or {})})
+        try:
+            self.root = self.until(self._application, "the application on the accessibility bus")
+        except NotFound:
+            self.process.kill()
+            raise
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+        self.process.stderr.close()
+
+    def end(self, number=signal.SIGTERM):
+        """Asks the program to end; its exit status and what it said on standard error."""
+        self.process.send_signal(number)
+        _, said = self.process.communicate(timeout=self.timeout)
+        return self.process.returncode, said.decode()
+
+    # Waiting and finding
+
+    def until(self, what, label, timeout=None):
+        """The first true answer of what(), asked again and again."""
+        end = time.monotonic() + (timeout or self.timeout)
+        while True:
+            try:
+                if answer := what():
+                    return answer
+            except GLib.Error:
+                pass  # the tree changed under our feet
+            if time.monotonic() > end:
+                raise NotFound(f"never came: {label}")
+            if self.root:
+                self.root.clear_cache()  # no main loop runs here to hear of changes
+            time.sleep(0.03)
+
+    def _application(self):
+        desktop = Atspi.get_desktop(0)
+        desktop.clear_cache()
+        for index in range(desktop.get_child_count()):
+            each = desktop.get_child_at_index(index)
+            if each and each.get_process_id() == self.process.pid and each.get_child_count():
+                return each
+        return None
+
+    def walk(self, node=None):
+        node = node or self.root
+        yield node
+        try:
+            children = [node.get_child_at_index(i) for i in range(node.get_child_count())]
+        except GLib.Error:
+            return
+        for child in children:
+            if child:
+                yield from self.walk(child)
+
+    def _named(self, name, role):
+        """The first on the screen; else the first that is hidden or would have to be scrolled to."""
+        elsewhere = None
+        for node in self.walk():
+            try:
+                if node.get_name() == name and role in (None, node.get_role_name()):
+                    if "showing" in states(node):
+                        return node
+                    elsewhere = elsewhere or node
+            except GLib.Error:
+                continue
+        return elsewhere
+
+    def find(self, name, role=None):
+        return self.until(lambda: self._named(name, role), f"{role or 'control'} {name!r}")
+
+    def has(self, name, role=None):
+        self.root.clear_cache()
+        return self._named(name, role) is not None
+
+    def texts(self):
+        """Every name and description in the window."""
+        self.root.clear_cache()
+        found = set()
+        for node in self.walk():
+            try:
+                found |= {node.get_name(), node.get_description()}
+            except GLib.Error:
+                continue
+        return found
+
+    # Acting
+
+    def press(self, name, role=None):
+        node = self.find(name, role)
+        actions = [node.get_action_name(i) for i in range(node.get_n_actions())]
+        for wanted in ("Press", "Toggle"):
+            if wanted in actions and node.do_action(actions.index(wanted)):
+                return
+        raise NotFound(f"{name!r} cannot be pressed; it offers {actions}")
+
+    def set(self, name, value, role=None):
+        if not self.find(name, role).set_current_value(float(value)):
+            raise NotFound(f"{name!r} refuses {value}")
+
+    def switch(self, name, on):
+        """Brings a switch to a position, if it is not there."""
+        if self.state(name, "checked") != on:
+            self.press(name)
+        self.until(lambda: self.state(name, "checked") == on, f"{name!r} at {on}")
+
+    def focus(self, name, role=None):
+        """Gives a control the keyboard, which scrolls it into sight."""
+        node = self.find(name, role)
+        node.grab_focus()
+        self.until(lambda: self.state(name, "focused", role), f"the focus on {name!r}")
+
+    def click(self, name, role=None):
+        box = self.find(name, role).get_extents(Atspi.CoordType.SCREEN)
+        xdotool("mousemove", "--sync", box.x + box.width // 2, box.y + box.height // 2, "click", 1)
+
+    def type(self, name, text):
+        """Types over what a field holds, and leaves it."""
+        self.focus_window()
+        self.focus(name, "text")
+        xdotool("key", "ctrl+a")
+        xdotool("type", text)
+        xdotool("key", "Tab")
+
+    def keys(self, *names):
+        self.focus_window()
+        xdotool("key", *names)
+
+    def focus_window(self):
+        xdotool("windowfocus", "--sync", self.window_id())
+
+    # Reading
+
+    def value(self, name, role=None):
+        return self.find(name, role).get_current_value()
+
+    def state(self, name, state, role=None):
+        self.root.clear_cache()
+        return state in states(self.find(name, role))
+
+    def description(self, name, role=None):
+        self.root.clear_cache()
+        return self.find(name, role).get_description()
+
+    def field(self, name):
+        self.root.clear_cache()
+        node = self.find(name, "text")
+        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+    def wait_text(self, text):
+        return self.find(text)
+
+    def rows(self):
+        """The console's lines in sight, from top to bottom."""
+        self.root.clear_cache()
+        found = []
+        for node in self.walk(self.find("Console", "list")):
+            try:
+                if node.get_role_name() == "list item":
+                    found.append((node.get_extents(Atspi.CoordType.SCREEN).y, node.get_name()))
+            except GLib.Error:
+                continue
+        return [text for _, text in sorted(found)]
+
+    # The window itself
+
+    def window_id(self):
+        return self.until(
+            lambda: xdotool("search", "--onlyvisible", "--name", f"^{TITLE}$").split(), "the window"
+        )[0]
+
+    def resize(self, width, height):
+        window = self.window_id()
+        xdotool("windowsize", "--sync", window, width, height)
+
+    def shoot(self, path):
+        subprocess.run(["import", "-window", self.window_id(), path], check=True)
+
+
+def states(node):
+    return {each.value_nick for each in node.get_state_set().get_states()}
+
+
+def xdotool(*arguments):
+    done = subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True,
+                          timeout=10)
+    return done.stdout
+
+
+def clipboard():
+    done = subprocess.run(["xclip", "-o", "-selection", "clipboard"], capture_output=True,
+                          timeout=10)
+    return done.stdout.decode()
