@@ -55,6 +55,8 @@ QtObject {
     readonly property int focusWidth: 2
     readonly property int scrollBarWidth: 8
 
+    readonly property int tileHeight: 56
+    readonly property int roomyTileHeight: 76
     readonly property int consoleHeight: 320
     readonly property int consolePadding: 10
     readonly property int consoleRadius: 10
@@ -65,13 +67,14 @@ QtObject {
     readonly property int minimumWidth: 400
     readonly property int minimumHeight: 600
     readonly property int windowWidth: 1040
-    readonly property int windowHeight: 960
+    readonly property int windowHeight: 1000
     readonly property int twoColumnWidth: 800
     readonly property int sideBySideWidth: 400
     readonly property int contentWidth: 1280
 
     readonly property int titleSize: 20
     readonly property int valueSize: 20
+    readonly property int roomyValueSize: 26
     readonly property int headingSize: 15
     readonly property int textSize: 13
     readonly property int captionSize: 12

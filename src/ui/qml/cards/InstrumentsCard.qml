@@ -16,6 +16,8 @@ Card {
     component Tile: StatTile {
         Layout.fillWidth: true
         Layout.fillHeight: true
+        Layout.minimumHeight: implicitHeight
+        Layout.preferredHeight: Pel.tileHeight
         Layout.preferredWidth: Layout.columnSpan // tiles of one span are equally wide
     }
 

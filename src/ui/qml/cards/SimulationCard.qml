@@ -38,6 +38,10 @@ Card {
         }
     }
 
+    Item {
+        Layout.fillHeight: true
+    }
+
     Component {
         id: auto
 

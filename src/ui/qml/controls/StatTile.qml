@@ -13,6 +13,7 @@ Rectangle {
     property color tone: Pel.ink
     property string secondValue: ""
     property string secondUnit: ""
+    readonly property bool roomy: height >= Pel.roomyTileHeight
 
     implicitWidth: column.implicitWidth + 2 * Pel.space
     implicitHeight: column.implicitHeight + 2 * Pel.gap
@@ -38,7 +39,7 @@ Rectangle {
             text: quantity.value
             color: root.tone
             font.family: Pel.monoFamily
-            font.pixelSize: Pel.valueSize
+            font.pixelSize: root.roomy ? Pel.roomyValueSize : Pel.valueSize
             font.weight: Font.Medium
             textFormat: Text.PlainText
         }
