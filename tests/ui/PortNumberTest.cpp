@@ -1,0 +1,20 @@
+#include "ui/PortNumber.h"
+
+#include <gtest/gtest.h>
+
+namespace tidewright::ui {
+namespace {
+
+TEST(PortNumberTest, takesWholeNumbersFrom0To65535) {
+    EXPECT_EQ(portNumber("0"), 0);
+    EXPECT_EQ(portNumber("2000"), 2000);
+    EXPECT_EQ(portNumber("65535"), 65535);
+}
+
+TEST(PortNumberTest, refusesEverythingElse) {
+    for (const char* text : {"", "65536", "-1", "+1", " 1", "1 ", "1.0", "12a", "99999999999"})
+        EXPECT_EQ(portNumber(text), std::nullopt) << text;
+}
+
+}  // namespace
+}  // namespace tidewright::ui

@@ -1,0 +1,114 @@
+import QtQuick
+import Tidewright
+
+WindowCase {
+    name: "Components"
+
+    Component {
+        id: cards
+
+        Card {
+            title: "Titre"
+            systemImage: "gearshape"
+            note: "26 msg/s"
+
+            BodyText {
+                text: "Contenu"
+            }
+        }
+    }
+    Component {
+        id: labels
+
+        SectionLabel {
+            text: "Rubrique"
+        }
+    }
+    Component {
+        id: tiles
+
+        StatTile {
+            width: 160
+            label: "Profondeur"
+            value: "12.0"
+            unit: "m"
+        }
+    }
+    Component {
+        id: dots
+
+        Dot {
+            pulsing: false
+        }
+    }
+    Component {
+        id: primary
+
+        PrimaryButtonStyle {
+            property int presses: 0
+
+            text: "Partir"
+            onClicked: ++presses
+        }
+    }
+    Component {
+        id: ghost
+
+        GhostButtonStyle {
+            property int presses: 0
+
+            text: "Partir"
+            onClicked: ++presses
+        }
+    }
+
+    function test_aCardShowsItsTitleNoteAndContent() {
+        const card = make(cards);
+        for (const each of ["Titre", "26 msg/s", "Contenu"])
+            verify(shows(card, each), each);
+        compare(card.Accessible.name, "Titre");
+    }
+
+    function test_aSectionLabelIsAHeading() {
+        compare(make(labels).Accessible.role, Accessible.Heading);
+    }
+
+    function test_aTileTellsItsValueToScreenReaders() {
+        const tile = make(tiles);
+        compare(tile.Accessible.name, "Profondeur");
+        compare(tile.Accessible.description, "12.0 m");
+    }
+
+    function test_aTilesDigitsAreOfOneWidth() {
+        const tile = make(tiles);
+        const width = tile.implicitWidth;
+        tile.value = "11.1";
+        compare(tile.implicitWidth, width);
+    }
+
+    function test_aDotPulsesOnlyWhenToldTo() {
+        const dot = make(dots);
+        verify(!dot.on);
+        dot.pulsing = true;
+        verify(dot.on);
+        tryCompare(dot, "on", false, 2 * Pel.pulseInterval);
+        dot.pulsing = false;
+        verify(!dot.on);
+    }
+
+    function test_buttonsArePressedWithMouseAndSpace_data() {
+        return [{tag: "filled", button: primary}, {tag: "outlined", button: ghost}];
+    }
+
+    function test_buttonsArePressedWithMouseAndSpace(data) {
+        const button = make(data.button);
+        mouseClick(button);
+        button.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Space);
+        compare(button.presses, 2);
+        verify(button.visualFocus);
+        button.enabled = false;
+        mouseClick(button);
+        compare(button.presses, 2);
+    }
+}
