@@ -101,8 +101,8 @@ WindowCase {
         log(50);
         tryVerify(() => list.atYEnd);
         mousePress(list, 50, 30);
-        mouseMove(list, 50, 70);
-        mouseRelease(list, 50, 70);
+        mouseMove(list, 50, 64);
+        mouseRelease(list, 50, 64);
         keySequence(StandardKey.Copy);
         compare(bench.clipboard().split("\n").length, 3);
     }
@@ -127,7 +127,7 @@ WindowCase {
         tryVerify(() => list.atYEnd);
         mouseClick(list, 50, 50);
         log(20);
-        verify(!list.atYEnd);
+        tryVerify(() => !list.atYEnd);
         keyClick(Qt.Key_End);
         tryVerify(() => list.atYEnd);
     }
@@ -166,6 +166,6 @@ WindowCase {
         press(card, "Lâcher les clients TCP");
         compare(bench.dropAllClientsCalls(), 1);
         bench.advance(50);
-        verify(shows(card, "Clients TCP lâchés"));
+        tryVerify(() => shows(card, "Clients TCP lâchés"));
     }
 }

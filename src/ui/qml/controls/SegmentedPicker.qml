@@ -64,7 +64,7 @@ Rectangle {
                 padding: 0
                 text: modelData
                 checked: chosen
-                focusPolicy: chosen ? Qt.StrongFocus : Qt.ClickFocus
+                focusPolicy: chosen || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
                 Accessible.name: text
                 Accessible.onPressAction: clicked()
                 Accessible.onToggleAction: clicked()
