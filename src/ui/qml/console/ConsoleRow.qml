@@ -38,6 +38,8 @@ Rectangle {
     Accessible.name: time + " " + transport + " " + text
     Accessible.selectable: true
     Accessible.selected: selected
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
 
     Part {
         id: clock

@@ -61,7 +61,8 @@ Flickable {
         function onHeightChanged() {
             const grown = root.growing;
             root.growing = null;
-            root.show(grown);
+            if (grown)
+                root.show(grown);
         }
     }
 
