@@ -31,5 +31,5 @@ export DBUS_FATAL_WARNINGS=0 # the accessibility client trips over programs that
 unset QT_QPA_PLATFORM QT_QUICK_BACKEND WAYLAND_DISPLAY
 # Only the command's own complaints are heard: the bus has some about what a container denies it.
 exec 3>&2
-xvfb-run -a -s "-screen 0 ${screen}x24 -nolisten tcp" \
+xvfb-run -a -s "-screen 0 ${screen}x24 -nolisten tcp -noreset" \
     dbus-run-session -- bash -c 'exec "$@" 2>&3' -- "$@" 2>/dev/null

@@ -196,7 +196,7 @@ class ControlWindow:
         found = []
         for node in self.walk(self.find("Console", "list")):
             try:
-                if node.get_role_name() == "list item":
+                if node.get_role_name() == "list item" and "showing" in states(node):
                     found.append((node.get_extents(Atspi.CoordType.SCREEN).y, node.get_name()))
             except GLib.Error:
                 continue
