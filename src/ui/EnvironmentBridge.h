@@ -15,8 +15,8 @@ class EnvironmentBridge : public QObject {
     Q_OBJECT
     QML_NAMED_ELEMENT(SailingEnvironment)
     QML_UNCREATABLE("Reached through the engine")
-    Q_PROPERTY(QStringList windPresets READ windPresets CONSTANT)
-    Q_PROPERTY(QStringList windPresetLabels READ windPresetLabels CONSTANT)
+    Q_PROPERTY(QList<QString> windPresets READ windPresets CONSTANT)
+    Q_PROPERTY(QList<QString> windPresetLabels READ windPresetLabels CONSTANT)
     Q_PROPERTY(QString windPreset READ windPreset WRITE setWindPreset NOTIFY changed)
     Q_PROPERTY(double customMin READ customMin WRITE setCustomMin NOTIFY changed)
     Q_PROPERTY(double customMax READ customMax WRITE setCustomMax NOTIFY changed)

@@ -12,6 +12,8 @@ Disclosure {
     heading: "Réglages avancés"
     image: "gearshape"
 
+    // Bound components cannot be instantiated by a Loader here.
+    // qmllint disable unqualified
     section: ColumnLayout {
         spacing: Pel.margin
 

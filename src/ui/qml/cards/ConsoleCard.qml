@@ -12,6 +12,8 @@ Disclosure {
     heading: "Console NMEA"
     image: "terminal"
 
+    // Bound components cannot be instantiated by a Loader here.
+    // qmllint disable unqualified
     section: GridLayout {
         readonly property bool sideBySide: width >= Pel.twoColumnWidth - 4 * Pel.margin
 

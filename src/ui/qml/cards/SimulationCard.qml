@@ -42,6 +42,8 @@ Card {
         Layout.fillHeight: true
     }
 
+    // Bound components cannot be instantiated by a Loader here.
+    // qmllint disable unqualified
     Component {
         id: auto
 

@@ -12,7 +12,7 @@ AbstractButton {
     property string systemImage: ""
 
     implicitHeight: Pel.controlHeight
-    implicitWidth: contentItem.implicitWidth + 2 * Pel.space
+    implicitWidth: contentItem.implicitWidth + 2 * Pel.tight
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : Pel.disabledOpacity
     Accessible.role: Accessible.Button
@@ -30,29 +30,27 @@ AbstractButton {
             active: root.visualFocus
         }
     }
-    contentItem: Item {
-        implicitWidth: row.implicitWidth
-        implicitHeight: row.implicitHeight
+    contentItem: RowLayout {
+        spacing: Pel.gap
 
-        RowLayout {
-            id: row
-
-            anchors.centerIn: parent
-            spacing: Pel.gap
-
-            Symbol {
-                visible: root.systemImage !== ""
-                name: root.systemImage
-                color: Pel.ink
-            }
-            Text {
-                text: root.text
-                color: Pel.ink
-                font.pixelSize: Pel.textSize
-                font.weight: Font.Medium
-                textFormat: Text.PlainText
-                Accessible.ignored: true
-            }
+        Item {
+            Layout.fillWidth: true
+        }
+        Symbol {
+            visible: root.systemImage !== ""
+            name: root.systemImage
+            color: Pel.ink
+        }
+        Text {
+            text: root.text
+            color: Pel.ink
+            font.pixelSize: Pel.textSize
+            font.weight: Font.Medium
+            textFormat: Text.PlainText
+            Accessible.ignored: true
+        }
+        Item {
+            Layout.fillWidth: true
         }
     }
 }

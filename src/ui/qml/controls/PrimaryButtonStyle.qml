@@ -13,7 +13,7 @@ AbstractButton {
     property string systemImage: ""
 
     implicitHeight: Pel.buttonHeight
-    implicitWidth: contentItem.implicitWidth + 2 * Pel.wide
+    implicitWidth: contentItem.implicitWidth + 2 * Pel.margin
     focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : Pel.disabledOpacity
     Accessible.role: Accessible.Button
@@ -30,30 +30,28 @@ AbstractButton {
             active: root.visualFocus
         }
     }
-    contentItem: Item {
-        implicitWidth: row.implicitWidth
-        implicitHeight: row.implicitHeight
+    contentItem: RowLayout {
+        spacing: Pel.gap
 
-        RowLayout {
-            id: row
-
-            anchors.centerIn: parent
-            spacing: Pel.gap
-
-            Symbol {
-                visible: root.systemImage !== ""
-                name: root.systemImage
-                color: Pel.onBrand
-                filled: true
-            }
-            Text {
-                text: root.text
-                color: Pel.onBrand
-                font.pixelSize: Pel.headingSize
-                font.weight: Font.DemiBold
-                textFormat: Text.PlainText
-                Accessible.ignored: true
-            }
+        Item {
+            Layout.fillWidth: true
+        }
+        Symbol {
+            visible: root.systemImage !== ""
+            name: root.systemImage
+            color: Pel.onBrand
+            filled: true
+        }
+        Text {
+            text: root.text
+            color: Pel.onBrand
+            font.pixelSize: Pel.headingSize
+            font.weight: Font.DemiBold
+            textFormat: Text.PlainText
+            Accessible.ignored: true
+        }
+        Item {
+            Layout.fillWidth: true
         }
     }
 }

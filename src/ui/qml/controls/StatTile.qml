@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Tidewright
@@ -23,7 +25,7 @@ Rectangle {
     border.color: Pel.line
     Accessible.role: Accessible.StaticText
     Accessible.name: label
-    Accessible.description: [value, unit, secondValue, secondUnit].join(" ").trim()
+    Accessible.description: (value + " " + unit + " " + secondValue + " " + secondUnit).trim()
 
     component Quantity: Row {
         id: quantity
