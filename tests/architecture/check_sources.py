@@ -22,7 +22,7 @@ RULES = (
     ("locks", {"platform/WorkQueue.cpp"},
      r"\bstd::(recursive_|shared_|timed_)?mutex\b|\bcondition_variable\b|\bQMutex\b"),
     ("formats or parses by the locale", set(),
-     r"\bs?n?printf\(|\bstrto[dfl]+\(|\bstd::sto[dfl]+\(|\bstringstream\b"),
+     r"(?<!fmt::)\bs?n?printf\(|\bstrto[dfl]+\(|\bstd::sto[dfl]+\(|\bstringstream\b"),
 )
 
 INCLUDE = re.compile(r'^\s*#include [<"]([^>"]+)[>"]')
