@@ -143,6 +143,7 @@ def main():
         window.set("Cibles AIS", 50)
         window.set("Cadence : AIS (VDM)", 20)
         window.press("Démarrer l'émission")
+        window.find("Arrêter l'émission")
         time.sleep(20)
         before = resident(pid)
         report("resident memory at 2000 lines/s", before, "MB", "<= 65")

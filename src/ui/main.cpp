@@ -27,7 +27,7 @@ void chooseRenderer() {
 
 QIcon programIcon() {
     QIcon icon;
-    for (const int size : {16, 32, 48, 64, 128, 256})
+    for (const int size : {16, 32, 48, 64})
         icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), {size, size});
     return icon;
 }

@@ -11,7 +11,7 @@ import time
 
 from window_driver import ControlWindow
 
-WIDE = (1040, 960)
+WIDE = (1040, 1000)
 WIDE_LONG = (1040, 1500)
 NARROW = (400, 600)
 NARROW_LONG = (400, 1500)

@@ -51,6 +51,7 @@ ListView {
     clip: true
     activeFocusOnTab: true
     reuseItems: true
+    cacheBuffer: 0 // rows out of sight are not worth their memory
     spacing: Pel.hair
     boundsBehavior: Flickable.StopAtBounds
     Accessible.role: Accessible.List

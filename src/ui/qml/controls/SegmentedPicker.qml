@@ -60,8 +60,6 @@ Rectangle {
 
                 Layout.fillWidth: true
                 Layout.fillHeight: true
-                Layout.preferredWidth: 1 // all alike, but never narrower than the text
-                Layout.minimumWidth: implicitWidth
                 implicitWidth: contentItem.implicitWidth + 2 * Pel.tight
                 padding: 0
                 text: modelData
