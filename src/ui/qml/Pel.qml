@@ -56,6 +56,7 @@ QtObject {
     readonly property int scrollBarWidth: 8
 
     readonly property int tileHeight: 56
+    readonly property int tallestTile: 112 // where a column has room to spare
     readonly property int roomyTileHeight: 76
     readonly property int consoleHeight: 320
     readonly property int consolePadding: 10

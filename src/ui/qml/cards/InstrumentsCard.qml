@@ -24,6 +24,8 @@ Card {
     GridLayout {
         Layout.fillWidth: true
         Layout.fillHeight: true
+        Layout.maximumHeight: 3 * Pel.tallestTile + 2 * rowSpacing
+        Layout.alignment: Qt.AlignTop
         columns: 3
         columnSpacing: Pel.gap
         rowSpacing: Pel.gap

@@ -65,6 +65,7 @@ Rectangle {
             id: body
 
             Layout.fillHeight: true
+            Layout.alignment: Qt.AlignTop
             spacing: Pel.space
         }
     }
