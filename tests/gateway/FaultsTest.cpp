@@ -124,13 +124,13 @@ TEST_F(FaultsTest, drawsTheLossBeforeItWaits) {
 }
 
 TEST_F(FaultsTest, delaysEachSentenceAndKeepsTheirOrder) {
-    const auto onTime = sentencesDuring(50ms);
+    failure.disableAIS = true;  // whose static reports come with the first emission only
+    const auto onTime = addresses(sentencesDuring(50ms));
     gateway.stop();
     failure.latencyMs = 200;
     gateway.start();
     EXPECT_THAT(sentencesDuring(249ms), IsEmpty());
-    EXPECT_EQ(addresses(sentencesDuring(1ms)).front(), "GPRMC");
-    EXPECT_EQ(host.tcp->sentences.size(), 0);
+    EXPECT_EQ(addresses(sentencesDuring(1ms)), onTime);
 }
 
 TEST_F(FaultsTest, letsAShorterLatencyOvertake) {
