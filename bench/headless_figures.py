@@ -3,7 +3,7 @@
     python3 bench/headless_figures.py build/bench/bin/tidewright
 """
 
-import os
+import pathlib
 import socket
 import statistics
 import subprocess
@@ -11,16 +11,11 @@ import sys
 import threading
 import time
 
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "tests/support"))
+from measures import cpu_seconds, free_port, resident_mib  # noqa: E402
+
 PUMP = 0.05  # seconds between two turns of the gateway
 SECONDS = 60
-TICKS = os.sysconf("SC_CLK_TCK")
-
-
-def free_port():
-    with socket.socket(socket.AF_INET6, socket.SOCK_STREAM) as probe:
-        probe.bind(("::", 0))
-        return probe.getsockname()[1]
-
 
 def start(program, port, *options):
     return subprocess.Popen([program, "--headless", "--tcp-port", str(port), *options],
@@ -56,18 +51,6 @@ def first_sentence(program):
     finally:
         process.kill()
         process.wait()
-
-
-def cpu_seconds(pid):
-    fields = open(f"/proc/{pid}/stat").read().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / TICKS
-
-
-def resident_mib(pid):
-    for line in open(f"/proc/{pid}/status"):
-        if line.startswith("VmRSS"):
-            return int(line.split()[1]) / 1024
-    raise RuntimeError("no VmRSS")
 
 
 def minute(program, clients, *options):

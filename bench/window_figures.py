@@ -12,11 +12,12 @@ import subprocess
 import sys
 import time
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "tests/system/window"))
+TESTS = pathlib.Path(__file__).parents[1] / "tests"
+sys.path[:0] = [str(TESTS / "system/window"), str(TESTS / "support")]
+from measures import cpu_seconds, resident_mib  # noqa: E402
 from nmea_client import NmeaClient, family  # noqa: E402
 from window_driver import ControlWindow, xdotool  # noqa: E402
 
-TICKS = os.sysconf("SC_CLK_TCK")
 PORT = 2000
 
 
@@ -24,24 +25,11 @@ def report(name, value, unit, goal):
     print(f"{name:<52} {value:>8.2f} {unit:<4} goal {goal}", flush=True)
 
 
-def cpu_seconds(pid):
-    fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / TICKS
-
-
 def load(pid, seconds):
     """Per cent of a core over the next so many seconds."""
     before, start = cpu_seconds(pid), time.monotonic()
     time.sleep(seconds)
     return 100 * (cpu_seconds(pid) - before) / (time.monotonic() - start)
-
-
-def resident(pid):
-    """Megabytes."""
-    for line in pathlib.Path(f"/proc/{pid}/status").read_text().splitlines():
-        if line.startswith("VmRSS"):
-            return int(line.split()[1]) / 1024
-    raise LookupError(pid)
 
 
 def first_frame(program):
@@ -84,7 +72,7 @@ def without_assistance(program, seconds, start, console):
         xdotool("mousemove", "--sync", *console, "click", 1)
         time.sleep(15)  # until the console is full
         report("running at defaults, console open", load(run.pid, seconds), "%", "<= 4")
-        report("resident memory", resident(run.pid), "MB", "<= 65")
+        report("resident memory", resident_mib(run.pid), "MB", "<= 65")
         run.terminate()
 
 
@@ -126,7 +114,7 @@ def main():
         window.press("Console NMEA")
         time.sleep(15)
         report("the same with assistive technology", load(pid, chosen.seconds), "%", "<= 4")
-        report("resident memory, same", resident(pid), "MB", "<= 65")
+        report("resident memory, same", resident_mib(pid), "MB", "<= 65")
         client = NmeaClient(PORT)
         time.sleep(2)
         report("heading jitter, left alone, 99th percentile",
@@ -145,11 +133,11 @@ def main():
         window.press("Démarrer l'émission")
         window.find("Arrêter l'émission")
         time.sleep(20)
-        before = resident(pid)
+        before = resident_mib(pid)
         report("resident memory at 2000 lines/s", before, "MB", "<= 65")
         report("running at 2000 lines/s, console open", load(pid, chosen.seconds), "%", "-")
         time.sleep(60 * chosen.minutes)
-        report(f"growth over {chosen.minutes:g} minutes at 2000 lines/s", resident(pid) - before,
+        report(f"growth over {chosen.minutes:g} minutes at 2000 lines/s", resident_mib(pid) - before,
                "MB", "0")
         window.end()
 

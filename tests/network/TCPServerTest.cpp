@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "platform/AsioMainLoop.h"
+#include "support/FreePort.h"
 #include "support/LoopbackClient.h"
 
 namespace tidewright::network {

@@ -110,15 +110,4 @@ std::string LoopbackClient::readSome(std::size_t most) {
     return bytes;
 }
 
-std::uint16_t freePort() {
-    const int probe = socket(AF_INET6, SOCK_STREAM, 0);
-    sockaddr_in6 address{};
-    address.sin6_family = AF_INET6;
-    socklen_t size = sizeof address;
-    EXPECT_EQ(bind(probe, reinterpret_cast<const sockaddr*>(&address), size), 0);
-    getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
-    close(probe);
-    return ntohs(address.sin6_port);
-}
-
 }  // namespace tidewright::network

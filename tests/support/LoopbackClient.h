@@ -49,7 +49,4 @@ private:
     bool endedCleanly_ = false;
 };
 
-/// A port on which nobody listens, neither over IPv4 nor over IPv6.
-std::uint16_t freePort();
-
 }  // namespace tidewright::network

@@ -4,35 +4,35 @@ Every wait is bounded; every process that a test starts is ended with it.
 """
 
 import os
+import pathlib
 import re
 import select
 import signal
 import socket
 import subprocess
+import sys
 import time
 import unittest
+
+sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "support"))
+from measures import cpu_seconds, descriptor_count, free_port, resident_mib  # noqa: E402, F401
 
 PROGRAM = os.environ["TIDEWRIGHT_PROGRAM"]
 PATIENCE = 20.0  # seconds that anything here may take before the test fails
 
 
-def free_port():
-    """A TCP port that nobody holds, on either family."""
-    with socket.socket(socket.AF_INET6, socket.SOCK_STREAM) as probe:
-        probe.bind(("::", 0))
-        return probe.getsockname()[1]
-
-
 class Program:
-    """A running program, ended at the latest by the end of a `with` block."""
+    """A running program, ended at the latest by the end of a `with` block. `prefix` is a command
+    that runs it; `before` is called in its process beforehand."""
 
-    def __init__(self, *arguments, env=None, prefix=()):
+    def __init__(self, *arguments, env=None, prefix=(), before=None):
         self.process = subprocess.Popen(
             [*prefix, PROGRAM, *arguments],
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             env={**os.environ, **(env or {})},
+            preexec_fn=before,
         )
         self.errors = b""
 
@@ -73,6 +73,13 @@ class Client:
     def __init__(self, port, host="127.0.0.1"):
         self.socket = connect(port, host)
         self.rest = b""
+
+    @classmethod
+    def over(cls, connection):
+        """A client with a connection made elsewhere."""
+        client = cls.__new__(cls)
+        client.socket, client.rest = connection, b""
+        return client
 
     def __enter__(self):
         return self
@@ -125,6 +132,12 @@ def has_right_checksum(sentence):
     for byte in match[1].encode("ascii"):
         checksum ^= byte
     return checksum == int(match[2], 16)
+
+
+def seconds_of_day(sentence):
+    """The time that a position (RMC) carries."""
+    text = sentence.split(",")[1]
+    return int(text[:2]) * 3600 + int(text[2:4]) * 60 + float(text[4:])
 
 
 def french_locale():

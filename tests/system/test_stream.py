@@ -150,6 +150,35 @@ class Restart(unittest.TestCase):
             f"ERREUR : Le port TCP {port} est déjà utilisé : une autre instance du simulateur tourne "
             "probablement. Quittez-la (ou changez de port), puis relancez.\n"), errors)
 
+    def test_a_port_in_use_cannot_be_taken_from_it(self):
+        port = free_port()
+        options = ("--headless", "--no-udp", "--tcp-port", str(port))
+        with Program(*options) as program, Client(port) as reader:
+            received = reader.read_for(0.5)
+            with Program(*options) as second:
+                status, _, errors = second.wait()
+            self.assertEqual(status, 1)
+            self.assertIn(f"ERREUR : Le port TCP {port} est déjà utilisé", errors)
+            for family, address in ((socket.AF_INET, "127.0.0.1"), (socket.AF_INET6, "::1")):
+                with socket.socket(family, socket.SOCK_STREAM) as thief:
+                    thief.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
+                    thief.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEPORT, 1)
+                    self.assertRaises(OSError, thief.bind, (address, port))
+            received += reader.read_for(1.5)
+            headings = [at for at, text in received if name(text) == "IIHDT"]
+            self.assertGreater(len(headings), 8)
+            self.assertIsNone(program.process.poll())
+
+    def test_a_port_is_served_as_soon_as_its_holder_lets_it_go(self):
+        with socket.socket(socket.AF_INET6, socket.SOCK_STREAM) as holder:
+            holder.bind(("::", 0))
+            holder.listen()
+            port = holder.getsockname()[1]
+            with Program("--headless", "--tcp-port", str(port)) as program:
+                self.assertEqual(program.wait()[0], 1)
+        with Program("--headless", "--no-udp", "--tcp-port", str(port)), Client(port) as reader:
+            self.assertTrue(reader.read_for(0.5))
+
     def test_a_reader_of_errors_that_goes_away_does_not_end_it(self):
         port = free_port()
         with Program("--headless", "--no-udp", "--tcp-port", str(port)) as program:

@@ -2,6 +2,7 @@
 """window_test.py PROGRAM LOCALE: uses the control window as a person would, and watches as a client
 of the gateway what comes of it. Run it through session.sh."""
 import os
+import pathlib
 import re
 import signal
 import socket
@@ -11,17 +12,13 @@ import tempfile
 import time
 import unittest
 
-from nmea_client import NmeaClient, checksum_holds, family
-from window_driver import ControlWindow, clipboard, xdotool
+sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "support"))
+from measures import free_port  # noqa: E402
+from nmea_client import NmeaClient, checksum_holds, family  # noqa: E402
+from window_driver import ControlWindow, clipboard, xdotool  # noqa: E402
 
 PROGRAM, LOCALE = "", "C.UTF-8"
 ADVICE = "Le réseau NMEA émet."
-
-
-def free_port():
-    with socket.socket() as probe:
-        probe.bind(("", 0))
-        return probe.getsockname()[1]
 
 
 def environment():

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <utility>
+
+#include "Journal.h"
+#include "network/TCPServer.h"
+
+namespace tidewright::soak {
+
+/// The real server, with a record of what it was given.
+class JournalingServer final : public network::StreamServer {
+public:
+    /// Both arguments must outlive this.
+    JournalingServer(platform::MainLoop& loop, Journal& journal)
+        : server_(loop), journal_(journal) {
+        server_.onClientsChanged = [this](const auto& addresses) { onClientsChanged(addresses); };
+        server_.onFailed = [this](const auto& description) { onFailed(description); };
+    }
+
+    std::optional<network::StartFailure> start(std::uint16_t port) override {
+        return server_.start(port);
+    }
+    void stop() override { server_.stop(); }
+    void dropAllClients() override { server_.dropAllClients(); }
+
+    void broadcast(network::SharedBytes sentence) override {
+        journal_.append(*sentence);
+        server_.broadcast(std::move(sentence));
+    }
+
+private:
+    network::TCPServer server_;
+    Journal& journal_;
+};
+
+}  // namespace tidewright::soak
