@@ -55,6 +55,15 @@ function(tidewright_library room)
         PRIVATE tidewright_compile_options ${arg_HIDES})
 endfunction()
 
+# tidewright_reads_once(<target> <header>...)
+# Compiles headers that nearly every source of the target includes ahead of the sources; these still
+# include what they use. ccache does the same better, and is confused by it.
+function(tidewright_reads_once target)
+    if(NOT TIDEWRIGHT_CCACHE)
+        target_precompile_headers(${target} PRIVATE ${ARGN})
+    endif()
+endfunction()
+
 # tidewright_test(<room> SOURCES <cpp>... [USES <target>...])
 # Makes the test program of one room; every TEST becomes a CTest case named <room>.<suite>.<test>.
 function(tidewright_test room)
@@ -64,6 +73,7 @@ function(tidewright_test room)
     target_link_libraries(${target} PRIVATE
         tidewright_compile_options tidewright::${room} tidewright_test_support ${arg_USES}
         GTest::gtest_main GTest::gmock)
+    tidewright_reads_once(${target} <gmock/gmock.h> <gtest/gtest.h>)
     gtest_discover_tests(${target} TEST_PREFIX ${room}. DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 120)
 endfunction()
