@@ -9,7 +9,6 @@
 #include <charconv>
 #include <chrono>
 #include <fstream>
-#include <functional>
 #include <string_view>
 
 #include "OwnMemory.h"
@@ -18,7 +17,7 @@
 #include "platform/Check.h"
 #include "platform/VirtualMainLoop.h"
 #include "simulation/ControlMode.h"
-#include "support/RecordingDatagramSender.h"
+#include "support/ReadOutHost.h"
 #include "support/SeededRandom.h"
 
 namespace tidewright::soak {
@@ -26,25 +25,10 @@ namespace {
 using namespace std::chrono_literals;
 using simulation::ControlMode;
 
-/// A stream server without clients that hands each sentence to a reader.
-class ReadOutServer final : public network::StreamServer {
-public:
-    explicit ReadOutServer(std::function<void(const std::string&)> reader)
-        : reader_(std::move(reader)) {}
-
-    std::optional<network::StartFailure> start(std::uint16_t) override { return std::nullopt; }
-    void stop() override {}
-    void broadcast(network::SharedBytes sentence) override { reader_(*sentence); }
-    void dropAllClients() override {}
-
-private:
-    std::function<void(const std::string&)> reader_;
-};
-
 /// A boat, her gateway and the time around them, the same every time for the same seed.
 class World {
 public:
-    World(ControlMode mode, std::uint64_t seed, std::function<void(const std::string&)> reader)
+    World(ControlMode mode, std::uint64_t seed, ReadOutServer::Reader reader)
         : random_(seed), reader_(std::move(reader)) {
         config_.udpEnabled = false;
         engine_.mode = mode;
@@ -58,16 +42,6 @@ public:
     std::uint64_t digest() const { return digest_; }
 
 private:
-    gateway::Host host() {
-        return {.loop = loop_,
-                .random = random_,
-                .tcp = std::make_unique<ReadOutServer>([this](const auto& each) { read(each); }),
-                .udp = std::make_unique<network::RecordingDatagramSender>(),
-                .bestInterface = [] { return std::nullopt; },
-                .utcOffset = [](platform::WallTime) { return 0s; },
-                .setClipboard = {}};
-    }
-
     void read(const std::string& sentence) {
         for (const char each : sentence)
             digest_ = (digest_ ^ static_cast<unsigned char>(each)) * 1'099'511'628'211U;
@@ -75,13 +49,15 @@ private:
     }
 
     SeededRandom random_;
-    std::function<void(const std::string&)> reader_;
+    ReadOutServer::Reader reader_;
     std::uint64_t digest_ = 14'695'981'039'346'656'037U;
     platform::VirtualMainLoop loop_{std::chrono::sys_days{std::chrono::June / 1 / 2026} + 12h};
     simulation::BoatSimulationEngine engine_{loop_, random_};
     gateway::SimulationConfig config_;
     gateway::FailureInjection failure_;
-    gateway::GatewaySimulator gateway_{engine_, config_, failure_, host()};
+    gateway::GatewaySimulator gateway_{
+        engine_, config_, failure_,
+        readOutHost(loop_, random_, [this](const std::string& each) { read(each); })};
 };
 
 /// What the default rates make of so many days: how often each sentence must have come.

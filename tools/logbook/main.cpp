@@ -2,12 +2,12 @@
 
 #include <chrono>
 #include <cstdio>
-#include <memory>
 #include <string>
 
 #include "app/CommandLine.h"
 #include "gateway/GatewaySimulator.h"
 #include "platform/VirtualMainLoop.h"
+#include "support/ReadOutHost.h"
 #include "support/SeededRandom.h"
 
 using namespace tidewright;
@@ -21,41 +21,11 @@ namespace {
 constexpr platform::WallTime noon =
     std::chrono::sys_days{std::chrono::June / 1 / 2026} + std::chrono::hours(12);
 
-/// Writes each sentence on standard output, after the time if wanted.
-class Printer final : public network::StreamServer {
-public:
-    Printer(const platform::MainLoop& loop, bool withTimes) : loop_(loop), withTimes_(withTimes) {}
-
-    std::optional<network::StartFailure> start(std::uint16_t) override { return std::nullopt; }
-    void stop() override {}
-    void dropAllClients() override {}
-
-    void broadcast(network::SharedBytes sentence) override {
-        const std::chrono::duration<double> time = loop_.now().time_since_epoch();
-        const std::string text =
-            withTimes_ ? fmt::format("{:.2f} {}", time.count(), *sentence) : *sentence;
-        std::fwrite(text.data(), 1, text.size(), stdout);
-    }
-
-private:
-    const platform::MainLoop& loop_;
-    bool withTimes_;
-};
-
-struct SilentSender final : network::DatagramSender {
-    void start(const std::string&, std::uint16_t) override {}
-    void send(network::SharedBytes) override {}
-    void stop() override {}
-};
-
-gateway::Host hostOf(platform::MainLoop& loop, platform::RandomSource& random, bool withTimes) {
-    return {.loop = loop,
-            .random = random,
-            .tcp = std::make_unique<Printer>(loop, withTimes),
-            .udp = std::make_unique<SilentSender>(),
-            .bestInterface = [] { return std::nullopt; },
-            .utcOffset = [](platform::WallTime) { return std::chrono::seconds(0); },
-            .setClipboard = {}};
+/// Writes `sentence` on standard output, after the time if wanted.
+void print(const std::string& sentence, const platform::MainLoop& loop, bool withTime) {
+    const std::chrono::duration<double> time = loop.now().time_since_epoch();
+    const std::string text = withTime ? fmt::format("{:.2f} {}", time.count(), sentence) : sentence;
+    std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
 std::int64_t number(const char* option, const Arguments& arguments, std::int64_t otherwise) {
@@ -82,8 +52,10 @@ int main(int argc, char** argv) {
     simulation::BoatSimulationEngine engine(loop, random);
     gateway::SimulationConfig config;
     gateway::FailureInjection failure;
-    gateway::GatewaySimulator gateway(engine, config, failure,
-                                      hostOf(loop, random, contains("--times", arguments)));
+    const bool withTimes = contains("--times", arguments);
+    gateway::GatewaySimulator gateway(
+        engine, config, failure,
+        readOutHost(loop, random, [&](const std::string& each) { print(each, loop, withTimes); }));
     app::CommandLine::apply(arguments, config, engine);
     config.tcpEnabled = true;
     config.udpEnabled = false;
