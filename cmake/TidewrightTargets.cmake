@@ -1,4 +1,4 @@
-# How everything of the project is compiled, and the two functions that make its targets.
+# How everything of the project is compiled, and the three functions that make its targets.
 
 include(GoogleTest)
 
@@ -37,6 +37,10 @@ if(TIDEWRIGHT_SANITIZERS)
     endif()
 endif()
 
+if(TIDEWRIGHT_FUZZERS)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 # tidewright_library(<room> SOURCES <cpp>... [USES <target>...] [HIDES <target>...])
 # Makes the library of one room, tidewright::<room>. USES: named in the room's headers; HIDES: used
 # in its sources only. A room sees the headers of the rooms it uses and of no other: each one's
@@ -66,4 +70,25 @@ function(tidewright_test room)
         GTest::gtest_main GTest::gmock)
     gtest_discover_tests(${target} TEST_PREFIX ${room}. DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 120)
+endfunction()
+
+# tidewright_fuzzer(<subject> SOURCES <cpp>... [USES <target>...])
+# Makes the program that tries the inputs of one subject. Usually it replays corpus/<subject>, as the
+# CTest case fuzz.<subject>; with TIDEWRIGHT_FUZZERS it is a libFuzzer program that looks for more.
+function(tidewright_fuzzer subject)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
+    set(target tidewright_${subject}_fuzzer)
+    add_executable(${target} ${arg_SOURCES})
+    target_link_libraries(${target} PRIVATE
+        tidewright_compile_options tidewright_test_support ${arg_USES})
+    if(TIDEWRIGHT_FUZZERS)
+        target_sources(${target} PRIVATE search.cpp)
+        target_link_options(${target} PRIVATE -fsanitize=fuzzer)
+        add_dependencies(tidewright_fuzzers ${target})
+    else()
+        target_sources(${target} PRIVATE replay.cpp)
+        add_test(NAME fuzz.${subject}
+            COMMAND ${target} ${CMAKE_CURRENT_SOURCE_DIR}/corpus/${subject})
+        set_tests_properties(fuzz.${subject} PROPERTIES TIMEOUT 120)
+    endif()
 endfunction()
