@@ -18,7 +18,8 @@ target_link_options(tidewright_compile_options INTERFACE
     $<$<AND:$<CONFIG:Release>,$<PLATFORM_ID:Linux>>:LINKER:-z,relro,-z,now>)
 # The same bytes wherever the sources lie.
 target_compile_options(tidewright_compile_options INTERFACE
-    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}=. -fmacro-prefix-map=${PROJECT_BINARY_DIR}=build
+    -fdebug-prefix-map=${PROJECT_SOURCE_DIR}=. -fdebug-prefix-map=${PROJECT_BINARY_DIR}=build)
 if(TIDEWRIGHT_WARNINGS_AS_ERRORS)
     target_compile_options(tidewright_compile_options INTERFACE -Werror)
 endif()
