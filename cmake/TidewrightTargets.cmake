@@ -1,4 +1,4 @@
-# How everything of the project is compiled, and the two functions that make its targets.
+# How everything of the project is compiled, and the three functions that make its targets.
 
 include(GoogleTest)
 
@@ -18,7 +18,8 @@ target_link_options(tidewright_compile_options INTERFACE
     $<$<AND:$<CONFIG:Release>,$<PLATFORM_ID:Linux>>:LINKER:-z,relro,-z,now>)
 # The same bytes wherever the sources lie.
 target_compile_options(tidewright_compile_options INTERFACE
-    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}=. -fmacro-prefix-map=${PROJECT_BINARY_DIR}=build
+    -fdebug-prefix-map=${PROJECT_SOURCE_DIR}=. -fdebug-prefix-map=${PROJECT_BINARY_DIR}=build)
 if(TIDEWRIGHT_WARNINGS_AS_ERRORS)
     target_compile_options(tidewright_compile_options INTERFACE -Werror)
 endif()
@@ -35,6 +36,10 @@ if(TIDEWRIGHT_SANITIZERS)
     if(TIDEWRIGHT_SANITIZERS MATCHES thread AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
         add_compile_options(-Wno-tsan) # Asio's fences, which its own locks make up for
     endif()
+endif()
+
+if(TIDEWRIGHT_FUZZERS)
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # tidewright_library(<room> SOURCES <cpp>... [USES <target>...] [HIDES <target>...])
@@ -76,4 +81,25 @@ function(tidewright_test room)
     tidewright_reads_once(${target} <gmock/gmock.h> <gtest/gtest.h>)
     gtest_discover_tests(${target} TEST_PREFIX ${room}. DISCOVERY_TIMEOUT 60
         PROPERTIES TIMEOUT 120)
+endfunction()
+
+# tidewright_fuzzer(<subject> SOURCES <cpp>... [USES <target>...])
+# Makes the program that tries the inputs of one subject. Usually it replays corpus/<subject>, as the
+# CTest case fuzz.<subject>; with TIDEWRIGHT_FUZZERS it is a libFuzzer program that looks for more.
+function(tidewright_fuzzer subject)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
+    set(target tidewright_${subject}_fuzzer)
+    add_executable(${target} ${arg_SOURCES})
+    target_link_libraries(${target} PRIVATE
+        tidewright_compile_options tidewright_test_support ${arg_USES})
+    if(TIDEWRIGHT_FUZZERS)
+        target_sources(${target} PRIVATE search.cpp)
+        target_link_options(${target} PRIVATE -fsanitize=fuzzer)
+        add_dependencies(tidewright_fuzzers ${target})
+    else()
+        target_sources(${target} PRIVATE replay.cpp)
+        add_test(NAME fuzz.${subject}
+            COMMAND ${target} ${CMAKE_CURRENT_SOURCE_DIR}/corpus/${subject})
+        set_tests_properties(fuzz.${subject} PROPERTIES TIMEOUT 120)
+    endif()
 endfunction()

@@ -10,7 +10,8 @@ namespace tidewright::encoding {
 ///
 /// Numbers carry one decimal and are rounded as printf rounds, whatever the locale. Courses,
 /// headings and wind angles are first brought into [0, 360); 359.96 is therefore sent as 360.0.
-/// A position must be finite: anything else stops the program.
+/// A position must be finite: anything else stops the program. Times begin on 1677-09-22, the first
+/// whole day that they can count.
 struct NMEA0183Encoder {
     std::string talker;    ///< two letters before the sentence's name, as in "GP"; not checked
     bool corrupt = false;  ///< sends a wrong checksum on purpose

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <utility>
@@ -19,11 +18,6 @@ int failureCount = 0;
 
 void note(const std::string& message) {
     if (++failureCount <= shownFailures) std::cout << "  DIFFERS  " << message << '\n';
-}
-
-[[noreturn]] void giveUp(const std::string& message) {
-    std::cout << "  " << message << '\n';
-    std::exit(1);
 }
 
 std::string unescaped(std::string_view cell) {
@@ -60,15 +54,6 @@ std::vector<std::string> cellsOf(std::string_view line) {
     }
 }
 
-template <typename Number, typename... Format>
-Number parsed(const std::string& text, Format... format) {
-    Number number{};
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number, format...);
-    if (error != std::errc() || stop != end) giveUp("not a number: \"" + text + "\"");
-    return number;
-}
-
 bool near(double expected, double actual, double tolerance) {
     return expected == actual || std::abs(expected - actual) <= tolerance;
 }
@@ -78,8 +63,19 @@ bool near(double expected, double actual, double tolerance) {
 Row::Row(const Table& table, std::size_t line, std::vector<std::string> cells)
     : table_(&table), line_(line), cells_(std::move(cells)) {}
 
+template <typename Number, typename... Format>
+Number Row::parsed(std::string_view column, std::string_view digits, Format... format) const {
+    Number number{};
+    const char* end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, number, format...);
+    if (error != std::errc() || stop != end)
+        throw Unreadable(fmt::format("{}:{}  {}: not such a number: \"{}\"", table_->name(), line_,
+                                     column, cell(column)));
+    return number;
+}
+
 double Row::number(std::string_view column) const {
-    return parsed<double>(cell(column));
+    return parsed<double>(column, cell(column));
 }
 
 std::optional<double> Row::optionalNumber(std::string_view column) const {
@@ -88,15 +84,17 @@ std::optional<double> Row::optionalNumber(std::string_view column) const {
 }
 
 std::int64_t Row::integer(std::string_view column) const {
-    return parsed<std::int64_t>(cell(column));
+    return parsed<std::int64_t>(column, cell(column));
 }
 
 std::uint64_t Row::natural(std::string_view column) const {
-    return parsed<std::uint64_t>(cell(column));
+    return parsed<std::uint64_t>(column, cell(column));
 }
 
 std::uint64_t Row::hex(std::string_view column) const {
-    return parsed<std::uint64_t>(cell(column).substr(2), 16);
+    std::string_view digits = cell(column);
+    digits.remove_prefix(digits.starts_with("0x") ? 2 : digits.size());
+    return parsed<std::uint64_t>(column, digits, 16);
 }
 
 void Row::expectText(std::string_view column, std::string_view actual) const {
@@ -137,7 +135,8 @@ void Row::expectClose(std::string_view column, double actual) const {
 }
 
 void Row::expectAngle(std::string_view column, double actual, double tolerance) const {
-    if (std::abs(std::remainder(number(column) - actual, 360.0)) > tolerance)
+    const double apart = std::abs(std::remainder(number(column) - actual, 360.0));
+    if (!(apart <= tolerance))
         fail(fmt::format("{}: expected {}, got {}", column, cell(column), actual));
 }
 
@@ -149,23 +148,22 @@ const std::string& Row::cell(std::string_view column) const {
     const auto& columns = table_->columns();
     const auto found = std::ranges::find(columns, column);
     if (found == columns.end())
-        giveUp(fmt::format("table {} has no column {}", table_->name(), column));
+        throw Unreadable(fmt::format("table {} has no column {}", table_->name(), column));
     return cells_[static_cast<std::size_t>(found - columns.begin())];
 }
 
-Table::Table(std::string name, const std::filesystem::path& file) : name_(std::move(name)) {
-    std::ifstream input(file);
+Table::Table(std::string name, std::istream& input) : name_(std::move(name)) {
     std::string line;
-    if (!std::getline(input, line)) giveUp("table " + name_ + " is empty");
+    if (!std::getline(input, line)) throw Unreadable("table " + name_ + " is empty");
     columns_ = cellsOf(line);
     for (std::size_t number = 2; std::getline(input, line); ++number) {
         auto cells = cellsOf(line);
         if (cells.size() != columns_.size())
-            giveUp(fmt::format("{}:{} has {} cells for {} columns", name_, number, cells.size(),
-                               columns_.size()));
+            throw Unreadable(fmt::format("{}:{} has {} cells for {} columns", name_, number,
+                                         cells.size(), columns_.size()));
         rows_.emplace_back(*this, number, std::move(cells));
     }
-    if (rows_.empty()) giveUp("table " + name_ + " is empty");
+    if (rows_.empty()) throw Unreadable("table " + name_ + " is empty");
     taken_.resize(rows_.size());
 }
 
@@ -190,18 +188,19 @@ std::vector<Row> Table::rowsWhere(std::string_view column, std::string_view valu
 
 Tables::Tables(const std::filesystem::path& directory) {
     if (!std::filesystem::is_directory(directory))
-        giveUp("no such directory: " + directory.string());
+        throw Unreadable("no such directory: " + directory.string());
     for (const auto& entry : std::filesystem::directory_iterator(directory)) {
         const auto& file = entry.path();
         if (file.extension() != ".tsv") continue;
         const std::string name = file.stem().string();
-        tables_.try_emplace(name, name, file);
+        std::ifstream input(file);
+        tables_.try_emplace(name, name, input);
     }
 }
 
 Table& Tables::operator[](const std::string& name) {
     if (Table* table = find(name)) return *table;
-    giveUp("table " + name + " is missing");
+    throw Unreadable("table " + name + " is missing");
 }
 
 Table* Tables::find(const std::string& name) {

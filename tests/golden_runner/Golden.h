@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <istream>
 #include <map>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,7 +14,13 @@ namespace tidewright::golden {
 
 class Table;
 
-/// One line of a table; asking for a column that it lacks ends the run.
+/// Thrown, with the place and the reason, where a table does not hold what is asked of it: its form
+/// is wrong, it lacks a column, or a cell is not the number that was wanted.
+struct Unreadable : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// One line of a table.
 class Row {
 public:
     Row(const Table& table, std::size_t line, std::vector<std::string> cells);
@@ -23,7 +31,7 @@ public:
     std::optional<double> optionalNumber(std::string_view column) const;
     std::int64_t integer(std::string_view column) const;
     std::uint64_t natural(std::string_view column) const;
-    std::uint64_t hex(std::string_view column) const;
+    std::uint64_t hex(std::string_view column) const;  ///< with its "0x"
     bool flag(std::string_view column) const { return integer(column) != 0; }
 
     // Each compares what the program gives with the column and notes a difference.
@@ -45,6 +53,8 @@ public:
 
 private:
     const std::string& cell(std::string_view column) const;
+    template <typename Number, typename... Format>
+    Number parsed(std::string_view column, std::string_view digits, Format... format) const;
 
     const Table* table_;
     std::size_t line_;
@@ -54,7 +64,9 @@ private:
 /// A table, with a count of the rows that were taken out of it for comparison.
 class Table {
 public:
-    Table(std::string name, const std::filesystem::path& file);
+    /// Reads tab-separated cells, first the line of the columns' names; at least one row must
+    /// follow.
+    Table(std::string name, std::istream& input);
     Table(const Table&) = delete;
     Table& operator=(const Table&) = delete;
 
@@ -80,7 +92,7 @@ class Tables {
 public:
     explicit Tables(const std::filesystem::path& directory);
 
-    /// Ends the run if there is no such table or it is empty.
+    /// Throws Unreadable if there is no such table.
     Table& operator[](const std::string& name);
     /// Null if there is no such table.
     Table* find(const std::string& name);

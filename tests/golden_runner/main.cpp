@@ -1,14 +1,14 @@
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 
 #include "Golden.h"
 
 using namespace tidewright::golden;
 
-int main() {
-    const char* chosen = std::getenv("TIDEWRIGHT_GOLDEN_DIR");
-    const char* directory = chosen != nullptr ? chosen : TIDEWRIGHT_DEFAULT_GOLDEN_DIR;
-    std::cout << "Golden tables of " << directory << '\n';
+namespace {
+
+void compareEverythingIn(const char* directory) {
     Tables tables(directory);
     compareChance(tables);
     compareWind(tables);
@@ -23,5 +23,19 @@ int main() {
     compareNetwork(tables);
     compareCommandLine(tables);
     tables.report();
+}
+
+}  // namespace
+
+int main() {
+    const char* chosen = std::getenv("TIDEWRIGHT_GOLDEN_DIR");
+    const char* directory = chosen != nullptr ? chosen : TIDEWRIGHT_DEFAULT_GOLDEN_DIR;
+    std::cout << "Golden tables of " << directory << '\n';
+    try {
+        compareEverythingIn(directory);
+    } catch (const std::exception& error) {
+        std::cout << "  " << error.what() << '\n';
+        return 1;
+    }
     return failures() == 0 ? 0 : 1;
 }

@@ -163,6 +163,15 @@ TEST_F(AnchorSimulationTest, keepsItsCourseWhileNearlyStill) {
     EXPECT_EQ(state.cog, 120);
 }
 
+TEST_F(AnchorSimulationTest, takesTheCourseOfTheSlowestSwing) {
+    AnchorSimulation anchor = drop();
+    settings.windDirection += 0.2;  // the boat swings a little, to the south-east
+    anchor.step(1, settings, state, now);
+    EXPECT_GT(state.sog, 0.005);
+    EXPECT_LT(state.sog, 0.5);
+    EXPECT_NEAR(state.cog, 140, 5);
+}
+
 TEST_F(AnchorSimulationTest, reportsTheSpeedAndCourseOfItsMotion) {
     AnchorSimulation anchor = drop();
     settings.windDirection = 50;  // the boat swings right through the anchor

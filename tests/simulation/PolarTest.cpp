@@ -33,6 +33,11 @@ TEST(PolarTest, liesInTheMiddleBetweenTwoKnots) {
     EXPECT_DOUBLE_EQ(Polar::speed(18, 10), 2.65);
 }
 
+TEST(PolarTest, risesEvenlyUpToTheNextKnot) {
+    EXPECT_DOUBLE_EQ(Polar::speed(41.4, 10), 5.3 + 0.9 * 0.7);
+    EXPECT_DOUBLE_EQ(Polar::speed(90, 13.5), 7.2 + 0.875 * 0.9);
+}
+
 TEST(PolarTest, endsAtThirtyKnotsAndDeadDownwind) {
     EXPECT_DOUBLE_EQ(Polar::speed(90, 40), 9.0);
     EXPECT_DOUBLE_EQ(Polar::speed(200, 10), 4.8);
