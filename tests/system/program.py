@@ -32,9 +32,15 @@ class Program:
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             env={**os.environ, **(env or {})},
-            preexec_fn=before,
+            preexec_fn=lambda: self._prepare(before),
         )
         self.errors = b""
+
+    @staticmethod
+    def _prepare(before):
+        signal.signal(signal.SIGINT, signal.SIG_DFL)  # a shell's background jobs ignore it
+        if before:
+            before()
 
     def __enter__(self):
         return self
