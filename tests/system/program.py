@@ -26,13 +26,14 @@ def free_port():
 class Program:
     """A running program, ended at the latest by the end of a `with` block."""
 
-    def __init__(self, *arguments, env=None, prefix=()):
+    def __init__(self, *arguments, env=None, prefix=(), preexec_fn=None):
         self.process = subprocess.Popen(
             [*prefix, PROGRAM, *arguments],
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             env={**os.environ, **(env or {})},
+            preexec_fn=preexec_fn,
         )
         self.errors = b""
 
