@@ -56,8 +56,9 @@ class FreshDebian:
         self.root = root
         codename = re.search(r"^VERSION_CODENAME=(\w+)$",
                              pathlib.Path("/etc/os-release").read_text(), re.M)[1]
+        run("apt-get", "update", "-qq")
         mirror = output("apt-get", "indextargets", "--format", "$(REPO_URI)",
-                        f"Release: {codename}", "Component: main").split()[0]
+                        "Origin: Debian", f"Codename: {codename}").split()[0]
         run("debootstrap", "--variant=minbase", codename, root, mirror, stdout=subprocess.DEVNULL)
         for each in ("etc/apt", "usr/share/keyrings"):
             shutil.rmtree(root / each)
@@ -156,43 +157,45 @@ def check_window(debian, picture):
     say(f"the window is painted, as {picture} shows, and ends when asked")
 
 
-def check(packages, picture):
+def check(packages, picture, folder):
     headless, window = (next(packages.glob(f"{name}_*.deb"))
                         for name in ("tidewright", "tidewright-window"))
-    with tempfile.TemporaryDirectory(prefix="tidewright-debian-") as folder:
-        debian = FreshDebian(pathlib.Path(folder) / "root")
-        try:
-            before, bare = debian.packages(), debian.files()
-            debian.install(headless)
-            check_headless(debian, before)
-            debian.purge("tidewright")
-            left = debian.files() ^ bare
-            assert not left, left
-            say("purged, it leaves nothing behind")
+    debian = FreshDebian(folder / "root")
+    before, bare = debian.packages(), debian.files()
+    debian.install(headless)
+    check_headless(debian, before)
+    debian.purge("tidewright")
+    left = debian.files() ^ bare
+    assert not left, left
+    say("purged, it leaves nothing behind")
 
-            debian.install(headless)
-            debian.install(window)
-            check_window(debian, picture)
-            debian.purge("tidewright*")
-            left = [each for each in debian.files() if "tidewright" in each.lower()]
-            assert not left and debian.packages() == before, (left, debian.packages() - before)
-            say("purged, they leave nothing behind")
-        finally:
-            run("umount", debian.root / "proc")
+    debian.install(headless)
+    debian.install(window)
+    check_window(debian, picture)
+    debian.purge("tidewright*")
+    left = [each for each in debian.files() if "tidewright" in each.lower()]
+    assert not left and debian.packages() == before, (left, debian.packages() - before)
+    say("purged, they leave nothing behind")
 
 
-def in_own_namespaces():
-    """Starts over where mounts are ours alone and processes end with us."""
-    os.environ["TIDEWRIGHT_OWN_NAMESPACES"] = "1"
-    os.execvp("unshare", ["unshare", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc",
-                          sys.executable, "-B", *sys.argv])
+def check_in_own_namespaces(*paths):
+    """The exit status of this program's other half, whose mounts and processes end with it."""
+    inside = subprocess.Popen(
+        ["unshare", "--mount", "--pid", "--fork", "--kill-child", "--mount-proc",
+         sys.executable, "-B", __file__, "--inside", *paths], start_new_session=True)
+    for number in (signal.SIGHUP, signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, lambda *_: os.killpg(inside.pid, signal.SIGTERM))
+    return inside.wait()
 
 
 def main():
-    if "TIDEWRIGHT_OWN_NAMESPACES" not in os.environ:
-        in_own_namespaces()
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
-    check(*(pathlib.Path(each).absolute() for each in sys.argv[1:]))
+    first, *others = sys.argv[1:]
+    if first == "--inside":
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit("ended before the end"))
+        check(*map(pathlib.Path, others))
+    else:
+        with tempfile.TemporaryDirectory(prefix="tidewright-debian-") as folder:
+            sys.exit(check_in_own_namespaces(*map(os.path.abspath, sys.argv[1:]), folder))
 
 
 main()
