@@ -1,6 +1,7 @@
 #!/bin/bash
-# look_at_window.sh ROOT PICTURE: starts the window installed in the Debian under ROOT, photographs it
-# into PICTURE once it is painted, and ends it. Run it through tests/system/window/session.sh.
+# look_at_window.sh ROOT PICTURE: starts the window that is installed in the Debian under ROOT,
+# photographs it into PICTURE once it is painted, and ends it.
+# Run it through tests/system/window/session.sh.
 set -euo pipefail
 root=$1 picture=$2
 
@@ -13,8 +14,8 @@ painted() {
 
 cp "$XAUTHORITY" "$root/root/.Xauthority"
 install -d -m 700 "$root/root/runtime"
-env -i PATH=/usr/sbin:/usr/bin:/bin HOME=/root LANG=C.UTF-8 DISPLAY="$DISPLAY" XDG_RUNTIME_DIR=/root/runtime \
-    chroot "$root" tidewright &
+env -i PATH=/usr/sbin:/usr/bin:/bin HOME=/root XDG_RUNTIME_DIR=/root/runtime LANG=C.UTF-8 \
+    DISPLAY="$DISPLAY" chroot "$root" tidewright &
 program=$!
 trap 'kill -KILL $program 2>/dev/null' EXIT
 

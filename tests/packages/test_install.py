@@ -1,6 +1,6 @@
-"""test_install.py PACKAGES PICTURE: installs the packages in the folder PACKAGES, as root, in a fresh
-Debian that is made for it, uses them there as their users would, photographs the window into
-PICTURE, and takes them away again.
+"""test_install.py PACKAGES PICTURE: installs the packages in the folder PACKAGES in a fresh Debian
+that is made for it, uses them there as their users would, photographs the window into PICTURE, and
+takes them away again. It runs as root.
 
 The fresh Debian comes from where this machine's own packages come from. It and all that runs in it
 are gone at the end, however that comes.

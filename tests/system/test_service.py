@@ -31,8 +31,7 @@ def analyze(*arguments):
 
 class Unit(unittest.TestCase):
     def test_exposes_little(self):
-        result = analyze("security", "--offline=true", f"--threshold={WORST_EXPOSURE * 10:.0f}", UNIT)
-        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+        result = analyze("security", "--offline=true", UNIT)
         exposure = re.search(r"exposure level for .*: ([0-9.]+)", result.stdout)[1]
         print(f"exposure {exposure}")
         self.assertLessEqual(float(exposure), WORST_EXPOSURE)
