@@ -115,7 +115,8 @@ def check_stream(*prefix):
         banner = program.read_errors_until("Ctrl-C pour arrêter.\n")
         with Client(port) as client:
             sentences = [sentence for _, sentence in client.read_for(2)]
-        _, out, errors = program.interrupt()
+        program.process.terminate()
+        _, out, errors = program.wait()
     assert len(sentences) > 20, sentences
     assert all(map(has_right_checksum, sentences)), sentences
     assert (out, errors) == ("", banner), (out, errors)
