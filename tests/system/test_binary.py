@@ -7,6 +7,8 @@ import unittest
 
 from program import PROGRAM, Program, free_port, main
 
+WINDOW = PROGRAM + "-window"
+PROGRAMS = [PROGRAM, WINDOW] if os.path.exists(WINDOW) else [PROGRAM]
 RELEASE = os.environ.get("TIDEWRIGHT_BUILD_TYPE") == "Release"
 
 
@@ -35,16 +37,27 @@ class Libraries(unittest.TestCase):
 @unittest.skipUnless(RELEASE and shutil.which("readelf"), "only a release is hardened")
 class Hardening(unittest.TestCase):
     def test_it_can_be_loaded_anywhere(self):
-        self.assertRegex(output("readelf", "-hW", PROGRAM), r"Type:\s+DYN")
+        for program in PROGRAMS:
+            with self.subTest(os.path.basename(program)):
+                self.assertRegex(output("readelf", "-hW", program), r"Type:\s+DYN")
 
     def test_its_tables_are_read_only_once_it_runs(self):
-        self.assertIn("GNU_RELRO", output("readelf", "-lW", PROGRAM))
-        self.assertIn("BIND_NOW", output("readelf", "-dW", PROGRAM))
+        for program in PROGRAMS:
+            with self.subTest(os.path.basename(program)):
+                self.assertIn("GNU_RELRO", output("readelf", "-lW", program))
+                self.assertIn("BIND_NOW", output("readelf", "-dW", program))
 
     def test_its_stack_is_guarded_and_its_copies_are_checked(self):
-        symbols = output("readelf", "--dyn-syms", "-W", PROGRAM)
-        self.assertIn("__stack_chk_fail", symbols)
-        self.assertRegex(symbols, r"__\w+_chk@")
+        for program in PROGRAMS:
+            with self.subTest(os.path.basename(program)):
+                symbols = output("readelf", "--dyn-syms", "-W", program)
+                self.assertIn("__stack_chk_fail", symbols)
+                self.assertRegex(symbols, r"__\w+_chk@")
+
+    def test_it_takes_libraries_from_the_system_only(self):
+        for program in PROGRAMS:
+            with self.subTest(os.path.basename(program)):
+                self.assertNotRegex(output("readelf", "-dW", program), "RPATH|RUNPATH")
 
 
 if __name__ == "__main__":
