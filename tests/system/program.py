@@ -140,10 +140,15 @@ def has_right_checksum(sentence):
     return checksum == int(match[2], 16)
 
 
-def seconds_of_day(sentence):
-    """The time that a position (RMC) carries."""
-    text = sentence.split(",")[1]
-    return int(text[:2]) * 3600 + int(text[2:4]) * 60 + float(text[4:])
+def seconds_ahead(received):
+    """By how much the time in the latest position (RMC) is ahead of the machine's clock when it
+    arrived. `received` is what Client.read_for() gave."""
+    at, text = [each for each in received if each[1][1:6] == "GPRMC"][-1]
+    clock = text.split(",")[1]
+    carried = int(clock[:2]) * 3600 + int(clock[2:4]) * 60 + float(clock[4:])
+    arrived = time.time() - (time.monotonic() - at)
+    half_a_day = 12 * 3600
+    return (carried - arrived + half_a_day) % (2 * half_a_day) - half_a_day
 
 
 def french_locale():

@@ -7,7 +7,7 @@ import threading
 import time
 import unittest
 
-from program import Client, Program, free_port, main, seconds_of_day
+from program import Client, Program, free_port, main, seconds_ahead
 
 PAUSES = (1, 3, 60) if os.environ.get("TIDEWRIGHT_SOAK") == "long" else (1, 3)
 
@@ -44,7 +44,7 @@ class Pauses(unittest.TestCase):
         for family, count in counts.items():
             self.assertLessEqual(count, MOST[family], first_second)
         self.assertGreater(self.shortest_step(before + after), 0.8, "a period made up for")
-        self.assertLess(self.lateness(after), 0.5, "old news")
+        self.assertLess(abs(seconds_ahead(after)), 0.5, "old news")
         print(f"held up for {seconds} s: silent for {gap:.2f} s, then {len(first_second)} sentences "
               "in the first second", flush=True)
 
@@ -53,13 +53,6 @@ class Pauses(unittest.TestCase):
         """Seconds between the two positions that followed each other soonest."""
         moments = [at for at, text in received if text[1:6] == "GPRMC"]
         return min(late - early for early, late in zip(moments, moments[1:]))
-
-    @staticmethod
-    def lateness(received):
-        """Seconds from the moment that the last position carries to its arrival."""
-        at, text = [each for each in received if each[1][1:6] == "GPRMC"][-1]
-        now = time.time() - (time.monotonic() - at)
-        return (now - seconds_of_day(text)) % 86400
 
 
 if __name__ == "__main__":
