@@ -10,8 +10,8 @@
 namespace tidewright::fuzz {
 
 /// The bytes of one input, which must outlive this and the texts that it gives, read from the front
-/// as the values that a subject asks for. Once they are spent, numbers are 0, or the lowest possible,
-/// and texts are empty.
+/// as the values that a subject asks for. Once they are spent, numbers are 0, or the lowest
+/// possible, and texts are empty.
 class FuzzInput {
 public:
     explicit FuzzInput(std::string_view bytes) : rest_(bytes) {}
