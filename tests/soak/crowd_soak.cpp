@@ -100,6 +100,7 @@ public:
         gateway_.start();
         platform::check(gateway_.isRunning, "the gateway cannot start");
         const auto sampling = loop_.every(100ms, [this] { look(); });
+        loop_.after(30s, [this] { platform::check(begun_, "the crowd never came in whole"); });
         loop_.run();
         gateway_.stop();
         printHoldings();

@@ -2,6 +2,7 @@
 
 import ast
 import collections
+import contextlib
 import shutil
 import socket
 import subprocess
@@ -124,6 +125,15 @@ kill $program
             self.assertTrue(has_right_checksum(datagram.decode().removesuffix("\r\n")), datagram)
 
 
+@contextlib.contextmanager
+def held_port():
+    """A TCP port on which somebody else listens."""
+    with socket.socket(socket.AF_INET6, socket.SOCK_STREAM) as holder:
+        holder.bind(("::", 0))
+        holder.listen()
+        yield holder.getsockname()[1]
+
+
 class Restart(unittest.TestCase):
     def test_interrupted_with_clients_it_runs_again_at_once(self):
         port = free_port()
@@ -139,12 +149,8 @@ class Restart(unittest.TestCase):
                     silent.socket.close()
 
     def test_a_taken_port_ends_it_with_a_message(self):
-        with socket.socket(socket.AF_INET6, socket.SOCK_STREAM) as holder:
-            holder.bind(("::", 0))
-            holder.listen()
-            port = holder.getsockname()[1]
-            with Program("--headless", "--tcp-port", str(port)) as program:
-                status, _, errors = program.wait()
+        with held_port() as port, Program("--headless", "--tcp-port", str(port)) as program:
+            status, _, errors = program.wait()
         self.assertEqual(status, 1)
         self.assertTrue(errors.endswith(
             f"ERREUR : Le port TCP {port} est déjà utilisé : une autre instance du simulateur tourne "
@@ -170,12 +176,8 @@ class Restart(unittest.TestCase):
             self.assertIsNone(program.process.poll())
 
     def test_a_port_is_served_as_soon_as_its_holder_lets_it_go(self):
-        with socket.socket(socket.AF_INET6, socket.SOCK_STREAM) as holder:
-            holder.bind(("::", 0))
-            holder.listen()
-            port = holder.getsockname()[1]
-            with Program("--headless", "--tcp-port", str(port)) as program:
-                self.assertEqual(program.wait()[0], 1)
+        with held_port() as port, Program("--headless", "--tcp-port", str(port)) as program:
+            self.assertEqual(program.wait()[0], 1)
         with Program("--headless", "--no-udp", "--tcp-port", str(port)), Client(port) as reader:
             self.assertTrue(reader.read_for(0.5))
 
