@@ -156,8 +156,8 @@ void report(benchmark::State& state, Seconds cost) {
 }
 
 void waitForClients(platform::AsioMainLoop& loop, TCPServer& server, std::size_t count) {
-    server.onClientsChanged = [&loop, count](const std::vector<std::string>& addresses) {
-        if (addresses.size() == count) loop.stop();
+    server.onClientsChanged = [&loop, count](const std::vector<ConnectedClient>& clients) {
+        if (clients.size() == count) loop.stop();
     };
     loop.run();
 }

@@ -5,6 +5,8 @@
 #include <limits>
 #include <system_error>
 
+#include "platform/DecimalNumber.h"
+
 namespace tidewright::app {
 
 namespace {
@@ -16,18 +18,11 @@ using simulation::WindRange;
 constexpr double lowestPerformance = 0.7;
 constexpr double highestPerformance = 1.15;
 
-/// `text` as a number in full; a leading "+" is allowed before a number, not before another sign.
-template <typename Number>
-std::optional<Number> wholeText(std::string_view text) {
-    if (text.starts_with('+')) {
-        text.remove_prefix(1);
-        if (text.starts_with('-')) return std::nullopt;
-    }
-    Number number{};
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || stop != end) return std::nullopt;
-    return number;
+/// `text` without its leading "+"; empty, thus no number, if another sign follows.
+std::string_view withoutPlus(std::string_view text) {
+    if (!text.starts_with('+')) return text;
+    text.remove_prefix(1);
+    return text.starts_with('-') ? std::string_view() : text;
 }
 
 void applyPreset(const Arguments& arguments, gateway::SimulationConfig& config) {
@@ -80,7 +75,12 @@ std::optional<std::string> CommandLine::value(std::string_view option, const Arg
 }
 
 std::optional<std::int64_t> CommandLine::integer(std::string_view text) {
-    return wholeText<std::int64_t>(text);
+    text = withoutPlus(text);
+    std::int64_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || stop != end) return std::nullopt;
+    return number;
 }
 
 std::optional<std::uint16_t> CommandLine::port(std::string_view text) {
@@ -92,7 +92,7 @@ std::optional<std::uint16_t> CommandLine::port(std::string_view text) {
 
 std::optional<double> CommandLine::decimal(std::string_view text) {
     if (text.find_first_not_of("0123456789.eE+-") != std::string_view::npos) return std::nullopt;
-    return wholeText<double>(text);
+    return platform::decimalNumber(withoutPlus(text));
 }
 
 std::optional<WindRange> CommandLine::windRange(std::string_view text) {

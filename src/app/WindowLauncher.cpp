@@ -25,8 +25,10 @@ void execute(const std::filesystem::path& program, const Arguments& arguments) {
 
 void becomeWindow(const Arguments& arguments) {
     const std::filesystem::path here = executablePath().parent_path();
-    execute(here / windowProgram, arguments);
-    execute(here / TIDEWRIGHT_LIBEXEC_FROM_BIN / windowProgram, arguments);
+    if (here.is_absolute()) {  // or else a stranger's program may lie in the current folder
+        execute(here / windowProgram, arguments);
+        execute(here / TIDEWRIGHT_LIBEXEC_FROM_BIN / windowProgram, arguments);
+    }
     writeStandardError(
         "La fenêtre de contrôle n'est pas installée. Pour émettre sans fenêtre : tidewright "
         "--headless\n");

@@ -5,20 +5,23 @@
 #include "app/CommandLine.h"
 #include "app/HeadlessRunner.h"
 #include "app/Help.h"
+#include "app/UncaughtException.h"
 #include "app/WindowLauncher.h"
 
 using namespace tidewright::app;
 
 namespace {
 
+/// The exit status: 1 where standard output does not take it all.
 int print(const std::string& text) {
-    return std::fputs(text.c_str(), stdout) < 0 ? 1 : 0;
+    return std::fputs(text.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    std::signal(SIGPIPE, SIG_IGN);  // a reader that went away is not a reason to stop
+    std::signal(SIGPIPE, SIG_IGN);  // standard error may be a pipe that nobody reads any more
+    endWhenResourcesRunOut();
     const Arguments arguments(argv, argv + argc);
     if (CommandLine::contains("--headless", arguments)) return HeadlessRunner::run(arguments);
     if (CommandLine::contains("--help", arguments)) return print(helpText());

@@ -25,6 +25,10 @@ std::string clockText(platform::WallTime local) {
 
 }  // namespace
 
+std::string ConsoleLine::copyText() const {
+    return fmt::format("{} {} > {}", time, transport, text);
+}
+
 ConsoleLog::ConsoleLog(platform::RandomSource& random, platform::UtcOffset utcOffset)
     : random_(random), utcOffset_(std::move(utcOffset)) {}
 
@@ -43,7 +47,7 @@ std::string ConsoleLog::asText() const {
     std::string all;
     for (const ConsoleLine& line : lines_) {
         if (!all.empty()) all += '\n';
-        all += fmt::format("{} {} > {}", line.time, line.transport, line.text);
+        all += line.copyText();
     }
     return all;
 }

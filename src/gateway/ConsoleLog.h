@@ -25,6 +25,9 @@ struct ConsoleLine {
     std::string time;       ///< local, "HH:mm:ss"
     std::string transport;  ///< "SYS", "TCP" or "UDP"
     std::string text;       ///< without white space at its ends
+
+    /// As it is copied: "14:03:27 TCP > text".
+    std::string copyText() const;
 };
 
 /// The running record of what was sent and what happened, the last 600 lines of it.
@@ -44,6 +47,12 @@ public:
     /// Adds a line logged at `now`, pushing out the oldest where there are too many.
     void append(platform::WallTime now, std::string_view transport, std::string_view text);
 
+    /// Counts a line that was to be logged and was not.
+    void miss() { ++missedCount_; }
+
+    /// How many lines were ever missed.
+    std::uint64_t missedCount() const { return missedCount_; }
+
     void clear() { lines_.clear(); }
 
     /// Every line as "14:03:27 TCP > text", one line feed between two.
@@ -54,6 +63,7 @@ private:
     platform::UtcOffset utcOffset_;
     std::deque<ConsoleLine> lines_;
     std::uint64_t appendedCount_ = 0;
+    std::uint64_t missedCount_ = 0;
 };
 
 }  // namespace tidewright::gateway

@@ -17,6 +17,12 @@ struct FailureInjection : platform::Observable {
     platform::Published<std::int64_t> packetLossPercent{*this,
                                                         0};        ///< chance of each to be dropped
     platform::Published<bool> randomDisconnections{*this, false};  ///< clients dropped every 8 s
+
+    /// How many of them are on.
+    int activeCount() const;
+
+    /// Switches every one off.
+    void reset();
 };
 
 }  // namespace tidewright::gateway

@@ -2,8 +2,10 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
 #include <new>
+#include <unordered_map>
 #include <utility>
 
 #include "gateway/FamilySentences.h"
@@ -20,7 +22,9 @@ GatewaySimulator::GatewaySimulator(simulation::BoatSimulationEngine& engine,
       host_(std::move(host)),
       console_(host_.random, host_.utcOffset) {
     host_.tcp->onClientsChanged = lifetime_.guard(
-        [this](const std::vector<std::string>& addresses) { tcpClients = addresses; });
+        [this](const std::vector<network::ConnectedClient>& connected) { listClients(connected); });
+    host_.tcp->onTraffic = lifetime_.guard(
+        [this](const std::vector<network::ClientTraffic>& traffic) { noteTraffic(traffic); });
     host_.tcp->onFailed = lifetime_.guard([this](const std::string&) { tcpListenFailed(); });
 }
 
@@ -30,6 +34,7 @@ void GatewaySimulator::start() {
     interface = host_.bestInterface();
     if (!startTransports() || !startEngine()) return;
     schedule_ = EmissionSchedule(config_);
+    opened_ = {.tcp = config_.tcpEnabled, .udp = config_.udpEnabled};
     startTimers();
     isRunning = true;
     log("SYS", "Simulation démarrée — " + summaryLine());
@@ -47,7 +52,15 @@ void GatewaySimulator::stop() {
     messagesPerSecond = 0;
     kilobytesPerSecond = 0;
     tcpClients = {};
+    publishClients({});
     log("SYS", "Simulation arrêtée");
+}
+
+bool GatewaySimulator::isSilent() const {
+    const bool anyOutput =
+        (opened_.tcp && config_.tcpEnabled) || (opened_.udp && config_.udpEnabled);
+    return isRunning && (failure_.stopStream || failure_.packetLossPercent >= 100 || !anyOutput ||
+                         schedule_.entries().empty());
 }
 
 void GatewaySimulator::regenerateAIS() {
@@ -63,8 +76,15 @@ void GatewaySimulator::dropClients() {
     log("SYS", "Clients TCP lâchés");
 }
 
+void GatewaySimulator::dropClient(std::uint64_t number) {
+    const auto client = std::ranges::find(clients.get(), number, &GatewayClient::number);
+    if (client == clients->end()) return;
+    host_.tcp->drop(number);
+    log("SYS", "Client TCP lâché : " + client->address);
+}
+
 void GatewaySimulator::log(std::string_view transport, std::string_view text) {
-    if (consolePaused) return;
+    if (consolePaused) return console_.miss();
     console_.append(host_.loop.wallClock(), transport, text);
     notify();
 }
@@ -76,6 +96,38 @@ void GatewaySimulator::clearConsole() {
 
 void GatewaySimulator::copyConsole() const {
     host_.setClipboard(console_.asText());
+}
+
+void GatewaySimulator::listClients(const std::vector<network::ConnectedClient>& connected) {
+    std::unordered_map<std::uint64_t, GatewayClient> known;
+    for (const GatewayClient& each : clients.get()) known.emplace(each.number, each);
+    std::vector<std::string> addresses;
+    std::vector<GatewayClient> list;
+    for (const auto& [number, address] : connected) {
+        addresses.push_back(address);
+        const GatewayClient fresh{
+            .number = number, .address = address, .since = host_.loop.wallClock()};
+        list.push_back(known.emplace(number, fresh).first->second);
+    }
+    publishClients(std::move(list));
+    tcpClients = std::move(addresses);
+}
+
+void GatewaySimulator::noteTraffic(const std::vector<network::ClientTraffic>& traffic) {
+    std::unordered_map<std::uint64_t, network::ClientTraffic> byNumber;
+    for (const auto& each : traffic) byNumber.emplace(each.number, each);
+    std::vector<GatewayClient> list = clients;
+    for (GatewayClient& client : list) {
+        const auto found = byNumber.find(client.number);
+        if (found == byNumber.end()) continue;
+        client.sentBytes = found->second.sentBytes;
+        client.missedSentences = found->second.missedSentences;
+    }
+    publishClients(std::move(list));
+}
+
+void GatewaySimulator::publishClients(std::vector<GatewayClient> list) {
+    if (clients != list) clients = std::move(list);
 }
 
 void GatewaySimulator::tcpListenFailed() {
@@ -107,8 +159,10 @@ bool GatewaySimulator::startTransports() {
 }
 
 bool GatewaySimulator::startEngine() {
+    track_.clear();  // before the boat is home again, lest a line lead there
     try {
         engine_.start(wantedTargets());
+        extendTrack();
         return true;
     } catch (const std::bad_alloc&) {
         host_.tcp->stop();
@@ -202,9 +256,15 @@ void GatewaySimulator::sendNow(const network::SharedBytes& sentence) {
 }
 
 void GatewaySimulator::statisticsTick() {
+    extendTrack();
     const Throughput measured = throughput_.take();
     messagesPerSecond = measured.messagesPerSecond;
     kilobytesPerSecond = measured.kilobytesPerSecond;
+    if (!clients->empty()) host_.tcp->askForTraffic();
+}
+
+void GatewaySimulator::extendTrack() {
+    track_.append({host_.loop.wallClock(), engine_.state->latitude, engine_.state->longitude});
 }
 
 void GatewaySimulator::maybeRandomDisconnect() {

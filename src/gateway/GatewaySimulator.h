@@ -12,12 +12,14 @@
 #include "gateway/ConsoleLog.h"
 #include "gateway/EmissionSchedule.h"
 #include "gateway/FailureInjection.h"
+#include "gateway/GatewayClient.h"
 #include "gateway/Host.h"
 #include "gateway/SimulationConfig.h"
 #include "gateway/ThroughputMeter.h"
 #include "platform/Lifetime.h"
 #include "platform/Observable.h"
 #include "simulation/BoatSimulationEngine.h"
+#include "simulation/Track.h"
 
 namespace tidewright::gateway {
 
@@ -39,20 +41,36 @@ public:
     platform::Published<std::optional<network::LocalInterface>> interface;
 
     platform::Published<std::vector<std::string>> tcpClients{*this, {}};  ///< remote addresses
-    platform::Published<std::int64_t> messagesPerSecond{*this, 0};        ///< of the last second
-    platform::Published<double> kilobytesPerSecond{*this, 0};             ///< of the last second
 
-    /// While true, what would be logged is lost.
+    /// The same clients, in the same order, with what each was sent. Assigned only when it changes.
+    platform::Published<std::vector<GatewayClient>> clients{*this, {}};
+
+    platform::Published<std::int64_t> messagesPerSecond{*this, 0};  ///< of the last second
+    platform::Published<double> kilobytesPerSecond{*this, 0};       ///< of the last second
+
+    /// While true, what would be logged is lost, and counted.
     platform::Published<bool> consolePaused{*this, false};
 
     /// What the user must know, in French: why it did not start, or why it stopped by itself.
     /// Cleared by the next start().
     platform::Published<std::optional<std::string>> lastError{*this, std::nullopt};
 
+    /// What the transports dropped since this was made, because something was too slow.
+    network::DroppedSentences droppedOverTCP() const { return host_.tcp->droppedSentences(); }
+    network::DroppedSentences droppedOverUDP() const { return host_.udp->droppedSentences(); }
+
     const std::deque<ConsoleLine>& consoleLines() const { return console_.lines(); }
     std::uint64_t consoleAppendedCount() const { return console_.appendedCount(); }
+    std::uint64_t consoleMissedCount() const { return console_.missedCount(); }
     const ThroughputMeter& throughput() const { return throughput_; }
     const AISReports& aisReports() const { return aisReports_; }
+
+    /// Whether it emits, and yet nothing that a family writes can reach the network: the stream is
+    /// cut, everything is lost, or no open output is switched on.
+    bool isSilent() const;
+
+    /// Where the boat really was in this run or the last, a point a second; begins at home.
+    const simulation::Track& track() const { return track_; }
 
     /// Begins emission, with a new run of the boat. Where it cannot, lastError says why and
     /// isRunning stays false. Does nothing while running.
@@ -68,6 +86,10 @@ public:
     /// Throws every TCP client out; they may come back at once.
     void dropClients();
 
+    /// Throws the client of this number out; it may come back at once, under another number. Does
+    /// nothing when nobody has it.
+    void dropClient(std::uint64_t number);
+
     /// Adds a line to the console, unless paused.
     void log(std::string_view transport, std::string_view text);
 
@@ -81,12 +103,21 @@ public:
 
     /// Sends the families that are due.
     void pump();
-    /// Publishes what went out since the last call.
+    /// Publishes what went out since the last call, takes the boat's position for the track, and
+    /// asks what each client was sent.
     void statisticsTick();
     /// Drops the clients, if any, while that fault is on.
     void maybeRandomDisconnect();
 
 private:
+    struct OpenOutputs {
+        bool tcp = false;
+        bool udp = false;
+    };
+
+    void listClients(const std::vector<network::ConnectedClient>& connected);
+    void noteTraffic(const std::vector<network::ClientTraffic>& traffic);
+    void publishClients(std::vector<GatewayClient> list);
     void tcpListenFailed();
     bool startTransports();
     bool startEngine();
@@ -98,6 +129,7 @@ private:
     std::vector<std::string> sentences(SentenceKind kind);
     void deliver(std::vector<std::string> sentences);
     bool isLost();
+    void extendTrack();
     void sendNow(const network::SharedBytes& sentence);
 
     simulation::BoatSimulationEngine& engine_;
@@ -106,8 +138,10 @@ private:
     Host host_;
     ConsoleLog console_;
     EmissionSchedule schedule_;
+    OpenOutputs opened_;  // at the last start
     ThroughputMeter throughput_;
     AISReports aisReports_;
+    simulation::Track track_;
     platform::Subscription scheduler_;
     platform::Subscription statsTimer_;
     platform::Subscription disconnectTimer_;

@@ -11,4 +11,10 @@ void SimulationConfig::apply(const GatewayPreset& chosen) {
     gpsTalker = std::string(chosen.gpsTalker);
 }
 
+bool SimulationConfig::differsFromPreset() const {
+    return tcpEnabled != preset->tcpEnabled || udpEnabled != preset->udpEnabled ||
+           tcpPort != preset->tcpPort || udpPort != preset->udpPort ||
+           gpsTalker.get() != preset->gpsTalker;
+}
+
 }  // namespace tidewright::gateway

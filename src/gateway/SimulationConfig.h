@@ -39,6 +39,9 @@ struct SimulationConfig : platform::Observable {
 
     /// Takes over the preset's outputs, ports and talker; leaves sentences, rates and AIS alone.
     void apply(const GatewayPreset& chosen);
+
+    /// Whether an output, a port or the talker is no longer what the last preset brought.
+    bool differsFromPreset() const;
 };
 
 }  // namespace tidewright::gateway

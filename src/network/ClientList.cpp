@@ -1,6 +1,7 @@
 #include "network/ClientList.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace tidewright::network {
 
@@ -11,12 +12,10 @@ std::string describe(std::string_view address) {
     return std::string(isMapped ? host.substr(mapped.size()) : host);
 }
 
-std::vector<std::string> clientList(const std::vector<std::string>& addresses) {
-    std::vector<std::string> list;
-    list.reserve(addresses.size());
-    for (const auto& address : addresses) list.push_back(describe(address));
-    std::sort(list.begin(), list.end());
-    return list;
+void sortClients(std::vector<ConnectedClient>& clients) {
+    std::sort(clients.begin(), clients.end(), [](const auto& left, const auto& right) {
+        return std::tie(left.address, left.number) < std::tie(right.address, right.number);
+    });
 }
 
 }  // namespace tidewright::network

@@ -8,10 +8,11 @@
 
 namespace tidewright::network {
 
-/// The sentences of late, kept once for all the clients who read along at their own pace.
+/// The most recent sentences, kept once for all clients, each of which is sent them at its own
+/// pace.
 ///
 /// Sentences are numbered from 0 in the order in which they came. Old ones fall off at the front
-/// when the tape grows past its bound, read or not.
+/// when the tape grows past its bound, sent or not.
 class SentenceTape {
 public:
     using Number = std::uint64_t;

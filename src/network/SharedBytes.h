@@ -5,7 +5,7 @@
 
 namespace tidewright::network {
 
-/// One sentence as it goes on the wire, shared by every client and never changed.
+/// One sentence as it is sent, shared by every client and never changed.
 using SharedBytes = std::shared_ptr<const std::string>;
 
 }  // namespace tidewright::network

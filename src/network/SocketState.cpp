@@ -23,7 +23,7 @@ bool isAllAcknowledged(int socket) {
     return ioctl(socket, SIOCOUTQ, &bytes) != 0 || bytes == 0;
 }
 
-void deafen(int socket) {
+void ignoreInput(int socket) {
     sock_filter dropEverything{.code = BPF_RET | BPF_K, .jt = 0, .jf = 0, .k = 0};
     const sock_fprog program{.len = 1, .filter = &dropEverything};
     setsockopt(socket, SOL_SOCKET, SO_ATTACH_FILTER, &program, sizeof program);
@@ -37,7 +37,7 @@ bool isAllAcknowledged(int socket) {
     return getsockopt(socket, SOL_SOCKET, SO_NWRITE, &bytes, &size) != 0 || bytes == 0;
 }
 
-void deafen(int) {}
+void ignoreInput(int) {}
 
 #endif
 

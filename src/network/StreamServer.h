@@ -6,6 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "network/ClientTraffic.h"
+#include "network/ConnectedClient.h"
+#include "network/DroppedSentences.h"
 #include "network/SharedBytes.h"
 
 namespace tidewright::network {
@@ -20,14 +23,19 @@ struct StartFailure {
 /// The stream side of the gateway: every client receives the same sentences.
 class StreamServer {
 public:
-    using ClientsChanged = std::function<void(const std::vector<std::string>& addresses)>;
+    using ClientsChanged = std::function<void(const std::vector<ConnectedClient>& clients)>;
+    using Traffic = std::function<void(const std::vector<ClientTraffic>& clients)>;
     using Failed = std::function<void(const std::string& description)>;
 
     virtual ~StreamServer() = default;
 
-    /// Called on the main thread with the addresses of the connected clients, sorted as text, one
-    /// entry a client, whenever that list may have changed. Set before start().
+    /// Called on the main thread with the connected clients, sorted by address as text and then by
+    /// number, whenever that list may have changed. Set before start().
     ClientsChanged onClientsChanged;
+
+    /// Called on the main thread with what each connected client was sent, in the order in which
+    /// they came: the answer to askForTraffic(). Set before start().
+    Traffic onTraffic;
 
     /// Called on the main thread, never from inside start(), when the listener of the latest
     /// start() fails: a port already in use, for instance. Set before start().
@@ -41,11 +49,22 @@ public:
     /// An empty client list is reported. Harmless when already stopped.
     virtual void stop() = 0;
 
-    /// Sends `sentence` to every client, and returns at once. Failures are silent.
+    /// Sends `sentence` to every client, and returns at once. Failures are silent; where the server
+    /// is too slow for its owner, whole sentences are dropped and counted.
     virtual void broadcast(SharedBytes sentence) = 0;
 
     /// Closes every client, and returns at once. The listener stays: they may come back.
     virtual void dropAllClients() = 0;
+
+    /// Closes the client of this number as dropAllClients() does for all, and returns at once.
+    /// Harmless for a number that nobody has.
+    virtual void drop(std::uint64_t number) = 0;
+
+    /// Has onTraffic called, soon, and returns at once.
+    virtual void askForTraffic() = 0;
+
+    /// What was dropped so far; what clients missed, as of the latest report.
+    virtual DroppedSentences droppedSentences() const = 0;
 };
 
 }  // namespace tidewright::network

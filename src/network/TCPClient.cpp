@@ -28,7 +28,7 @@ bool isFull(const asio::error_code& error) {
     return error == asio::error::would_block || error == asio::error::try_again;
 }
 
-/// Trouble of the host rather than of the connection: the next sentence tries again.
+/// A failure of the host rather than of the connection: the next sentence tries again.
 bool isPassing(const asio::error_code& error) {
     return error == asio::error::no_buffer_space || error == asio::error::no_memory;
 }
@@ -43,13 +43,13 @@ std::size_t write(asio::ip::tcp::socket& socket, std::span<const std::string_vie
 
 }  // namespace
 
-TCPClient::TCPClient(asio::ip::tcp::socket socket, std::string address, const SentenceTape& tape,
-                     Gone gone)
+TCPClient::TCPClient(asio::ip::tcp::socket socket, ConnectedClient identity,
+                     const SentenceTape& tape, Failed failed)
     : socket_(std::move(socket)),
-      address_(std::move(address)),
+      identity_(std::move(identity)),
       tape_(tape),
       reader_(tape.end()),
-      gone_(std::move(gone)) {
+      failed_(std::move(failed)) {
     prepare(socket_);
 }
 
@@ -58,11 +58,21 @@ TCPClient::~TCPClient() {
     socket_.close(ignored);  // the socket's own destructor would not close at once, but linger
 }
 
-void TCPClient::listen() {
-    socket_.async_wait(asio::socket_base::wait_read,
-                       [weak = weak_from_this()](const asio::error_code& error) {
-                           if (const auto self = weak.lock(); self && !error) self->discardInput();
-                       });
+ClientTraffic TCPClient::traffic() const {
+    return {.number = identity_.number,
+            .sentBytes = reader_.sentBytes(),
+            .missedSentences = reader_.missedSentences(tape_)};
+}
+
+void TCPClient::start() {
+    await(asio::socket_base::wait_read, &TCPClient::discardInput);
+}
+
+void TCPClient::await(asio::socket_base::wait_type what, void (TCPClient::*handle)()) {
+    socket_.async_wait(what, [weak = weak_from_this(), handle](const asio::error_code& error) {
+        const auto self = weak.lock();
+        if (self && !error && !self->isStopped_) ((*self).*handle)();
+    });
 }
 
 void TCPClient::discardInput() {
@@ -70,21 +80,16 @@ void TCPClient::discardInput() {
     asio::error_code error;
     socket_.read_some(asio::buffer(unread), error);
     if (!error || isFull(error)) {
-        listen();
+        await(asio::socket_base::wait_read, &TCPClient::discardInput);
     } else if (error == asio::error::eof) {
-        awaitFailure();
+        await(asio::socket_base::wait_error, &TCPClient::lookForFailure);
     } else {
-        gone_(*this);
+        failed_(*this);
     }
 }
 
-void TCPClient::awaitFailure() {
-    socket_.async_wait(asio::socket_base::wait_error,
-                       [weak = weak_from_this()](const asio::error_code& error) {
-                           const auto self = weak.lock();
-                           if (!self || error) return;
-                           if (hasFailed(self->socket_.native_handle())) self->gone_(*self);
-                       });
+void TCPClient::lookForFailure() {
+    if (hasFailed(socket_.native_handle())) failed_(*this);
 }
 
 void TCPClient::send() {
@@ -94,26 +99,25 @@ void TCPClient::send() {
         reader_.advance(tape_, write(socket_, std::span(pieces).first(count), error));
         if (isFull(error)) return awaitRoom();
         if (isPassing(error)) return;
-        if (error) return gone_(*this);
+        if (error) return failed_(*this);
     }
 }
 
 void TCPClient::awaitRoom() {
     if (std::exchange(awaitsRoom_, true)) return;
-    socket_.async_wait(asio::socket_base::wait_write,
-                       [weak = weak_from_this()](const asio::error_code& error) {
-                           const auto self = weak.lock();
-                           if (!self || error) return;
-                           self->awaitsRoom_ = false;
-                           self->send();
-                       });
+    await(asio::socket_base::wait_write, &TCPClient::sendOn);
 }
 
-bool TCPClient::isSettled() {
+void TCPClient::sendOn() {
+    awaitsRoom_ = false;
+    send();
+}
+
+bool TCPClient::isReadyToClose() {
     finishSentence();
     const int socket = socket_.native_handle();
-    const bool hasArrived = reader_.remainder().empty() && isAllAcknowledged(socket);
-    return hasArrived || hasFailed(socket);
+    const bool isAcknowledged = reader_.remainder().empty() && isAllAcknowledged(socket);
+    return isAcknowledged || hasFailed(socket);
 }
 
 void TCPClient::finishSentence() {
@@ -122,9 +126,9 @@ void TCPClient::finishSentence() {
     if (!rest.empty()) reader_.advance(tape_, write(socket_, {&rest, 1}, ignored));
 }
 
-void TCPClient::leave() {
+void TCPClient::close() {
     asio::error_code ignored;
-    deafen(socket_.native_handle());
+    ignoreInput(socket_.native_handle());
     socket_.shutdown(asio::socket_base::shutdown_send, ignored);
     socket_.close(ignored);
 }

@@ -10,6 +10,9 @@ namespace tidewright::network {
 namespace {
 using namespace std::chrono_literals;
 
+/// After so many the queue serves what else waits.
+constexpr int connectionsATurn = 64;
+
 /// The connection was lost before it could be accepted; that says nothing about the next one.
 bool concernsOneConnection(const asio::error_code& error) {
     switch (error.value()) {
@@ -25,7 +28,7 @@ bool concernsOneConnection(const asio::error_code& error) {
     }
 }
 
-bool hostIsShortOfMeans(const asio::error_code& error) {
+bool hostLacksResources(const asio::error_code& error) {
     switch (error.value()) {
         case EMFILE:
         case ENFILE:
@@ -74,6 +77,7 @@ asio::error_code TCPListener::bindAndListen(std::uint16_t port) {
     asio::error_code error;
     acceptor_.bind({protocol_, port}, error);
     if (!error) acceptor_.listen(asio::socket_base::max_listen_connections, error);
+    if (!error) acceptor_.non_blocking(true, error);
     return error;
 }
 
@@ -84,13 +88,24 @@ void TCPListener::acceptNext() {
         });
 }
 
+/// Without waiting. A failure here is met again, and handled, by the next wait.
+void TCPListener::acceptMore() {
+    asio::error_code error;
+    for (int i = 0; i < connectionsATurn; ++i) {
+        asio::ip::tcp::socket socket = acceptor_.accept(error);
+        if (error) return;
+        accepted_(std::move(socket));
+    }
+}
+
 void TCPListener::finishAccept(const asio::error_code& error, asio::ip::tcp::socket socket) {
     if (!error) {
         accepted_(std::move(socket));
+        acceptMore();
         acceptNext();
     } else if (concernsOneConnection(error)) {
         acceptNext();
-    } else if (hostIsShortOfMeans(error)) {
+    } else if (hostLacksResources(error)) {
         acceptAfterPause();
     } else {
         failed_(error);

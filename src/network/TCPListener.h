@@ -12,8 +12,9 @@ namespace tidewright::network {
 /// Listens on one TCP port of every local address, IPv6 and IPv4, and accepts whoever comes; on
 /// IPv4 alone where the host has no IPv6.
 ///
-/// A port held by another program is never shared. Accepting outlives passing trouble, a host out
-/// of descriptors for instance. Closed by its destruction, after which its callbacks do nothing.
+/// A port held by another program is never shared. Accepting goes on after a failure that passes, a
+/// host out of descriptors for instance. Closed by its destruction, after which its callbacks do
+/// nothing.
 class TCPListener : public std::enable_shared_from_this<TCPListener> {
 public:
     using Accepted = std::function<void(asio::ip::tcp::socket)>;
@@ -35,6 +36,7 @@ private:
     asio::error_code bindAndListen(std::uint16_t port);
     void acceptNext();
     void finishAccept(const asio::error_code& error, asio::ip::tcp::socket socket);
+    void acceptMore();
     void acceptAfterPause();
 
     asio::ip::tcp::acceptor acceptor_;

@@ -6,7 +6,9 @@
 #include <atomic>
 #include <utility>
 
-#include "network/Audience.h"
+#include "network/ClientReports.h"
+#include "network/SentenceInbox.h"
+#include "network/StreamClients.h"
 #include "network/TCPListener.h"
 #include "platform/Lifetime.h"
 #include "platform/WorkQueue.h"
@@ -17,9 +19,18 @@ struct TCPServer::Core {
     Core(const TCPServer& itsOwner, platform::MainLoop& itsMainLoop)
         : owner(itsOwner), mainLoop(itsMainLoop) {}
 
-    ~Core() {
-        queue.runAndWait([this] { close(); });
+    ~Core() { close(); }
+
+    /// Closes everything, and returns when that is done.
+    void close() {
+        queue.startAndWait([this](platform::WorkQueue::Task done) {
+            listener.reset();
+            clients.closeAll();
+            clients.whenClosed(std::move(done));
+        });
     }
+
+    // From here on, everything runs on the queue.
 
     /// Asio makes what it needs for itself with the first socket, and throws where it cannot.
     asio::error_code tryToListen(std::uint16_t port) {
@@ -33,7 +44,7 @@ struct TCPServer::Core {
     asio::error_code listen(std::uint16_t port) {
         listener = std::make_shared<TCPListener>(
             queue.context(),
-            [this](asio::ip::tcp::socket socket) { audience.admit(std::move(socket)); },
+            [this](asio::ip::tcp::socket socket) { clients.add(std::move(socket)); },
             [this, itsRun = run.load()](const asio::error_code& error) {
                 reportFailure(itsRun, error.message());
             });
@@ -42,15 +53,13 @@ struct TCPServer::Core {
         return {};
     }
 
-    void close() {
-        listener.reset();
-        audience.dismiss();
+    void dropAllClients() {
+        clients.closeAll();
+        reports.reportChange();
     }
 
-    void reportClients(std::vector<std::string> addresses) {
-        mainLoop.post(lifetime.guard([this, addresses = std::move(addresses)] {
-            if (owner.onClientsChanged) owner.onClientsChanged(addresses);
-        }));
+    void drop(std::uint64_t number) {
+        if (clients.close(number)) reports.reportChange();
     }
 
     void reportFailure(std::uint64_t itsRun, std::string description) {
@@ -59,14 +68,31 @@ struct TCPServer::Core {
         }));
     }
 
+    void reportTraffic() {
+        sentencesMissedByClients = clients.missedSentences();
+        mainLoop.post(lifetime.guard([this, traffic = clients.traffic()] {
+            if (owner.onTraffic) owner.onTraffic(traffic);
+        }));
+    }
+
+    std::vector<ConnectedClient> listClients() {
+        sentencesMissedByClients = clients.missedSentences();
+        return clients.list();
+    }
+
     const TCPServer& owner;
     platform::MainLoop& mainLoop;
     platform::Lifetime lifetime;
     std::atomic<std::uint64_t> run =
         0;  // counts the calls of stop(): which of them a failure is of
-    Audience audience{
-        [this](Audience::Task task) { queue.post(std::move(task)); },
-        [this](std::vector<std::string> addresses) { reportClients(std::move(addresses)); }};
+    std::atomic<std::uint64_t> sentencesMissedByClients = 0;
+    ClientReports reports{mainLoop, queue, [this] { return listClients(); },
+                          [this](const std::vector<ConnectedClient>& list) {
+                              if (owner.onClientsChanged) owner.onClientsChanged(list);
+                          }};
+    StreamClients clients{queue, [this] { reports.reportChange(); }};
+    SentenceInbox inbox{queue,
+                        [this](SharedBytes sentence) { clients.broadcast(std::move(sentence)); }};
     std::shared_ptr<TCPListener> listener;
     platform::WorkQueue queue{"nmea.tcp.server"};  // last, so that it ends before what it works on
 };
@@ -89,17 +115,28 @@ std::optional<StartFailure> TCPServer::start(std::uint16_t port) {
 
 void TCPServer::stop() {
     ++core_->run;
-    core_->queue.runAndWait([this] { core_->close(); });
+    core_->close();
+    core_->queue.runAndWait([this] { core_->reports.report(); });
 }
 
 void TCPServer::broadcast(SharedBytes sentence) {
-    core_->queue.post([core = core_.get(), sentence = std::move(sentence)]() mutable {
-        core->audience.tell(std::move(sentence));
-    });
+    core_->inbox.post(std::move(sentence));
 }
 
 void TCPServer::dropAllClients() {
-    core_->queue.post([core = core_.get()] { core->audience.dismiss(); });
+    core_->queue.post([core = core_.get()] { core->dropAllClients(); });
+}
+
+void TCPServer::drop(std::uint64_t number) {
+    core_->queue.post([core = core_.get(), number] { core->drop(number); });
+}
+
+void TCPServer::askForTraffic() {
+    core_->queue.post([core = core_.get()] { core->reportTraffic(); });
+}
+
+DroppedSentences TCPServer::droppedSentences() const {
+    return {.thread = core_->inbox.droppedSentences(), .client = core_->sentencesMissedByClients};
 }
 
 }  // namespace tidewright::network

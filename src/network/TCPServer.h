@@ -22,6 +22,9 @@ public:
     void stop() override;
     void broadcast(SharedBytes sentence) override;
     void dropAllClients() override;
+    void drop(std::uint64_t number) override;
+    void askForTraffic() override;
+    DroppedSentences droppedSentences() const override;
 
 private:
     struct Core;

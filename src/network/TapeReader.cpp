@@ -6,6 +6,7 @@
 namespace tidewright::network {
 
 std::size_t TapeReader::upcoming(const SentenceTape& tape, std::span<std::string_view> pieces) {
+    missed_ = missedSentences(tape);
     next_ = std::max(next_, tape.begin());
     std::size_t count = 0;
     if (begun_) pieces[count++] = remainder();
@@ -16,6 +17,7 @@ std::size_t TapeReader::upcoming(const SentenceTape& tape, std::span<std::string
 }
 
 void TapeReader::advance(const SentenceTape& tape, std::size_t bytes) {
+    sentBytes_ += bytes;
     if (begun_) {
         const auto step = std::min(bytes, remainder().size());
         begin(std::move(begun_), sent_ + step);
@@ -27,6 +29,10 @@ void TapeReader::advance(const SentenceTape& tape, std::size_t bytes) {
         begin(sentence, step);
         bytes -= step;
     }
+}
+
+std::uint64_t TapeReader::missedSentences(const SentenceTape& tape) const {
+    return missed_ + std::max(next_, tape.begin()) - next_;
 }
 
 std::string_view TapeReader::remainder() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -11,8 +12,9 @@ namespace tidewright::network {
 /// One client's place on the tape: what it is to be sent next, and how far it got within a sentence
 /// of which a part has left.
 ///
-/// A reader that the tape has overtaken first finishes the sentence begun, which it holds itself,
-/// and goes on with the oldest one still there: it loses whole sentences, never parts of one.
+/// A client for whom the tape no longer holds the next sentence first gets the rest of the one
+/// begun, which is kept here, and goes on with the oldest one still there: it loses whole
+/// sentences, never parts of one.
 class TapeReader {
 public:
     /// Begins with the sentence number `next`.
@@ -26,6 +28,12 @@ public:
     /// Takes note that the first `bytes` of what upcoming() just gave have left.
     void advance(const SentenceTape& tape, std::size_t bytes);
 
+    /// How much has left in all.
+    std::uint64_t sentBytes() const { return sentBytes_; }
+
+    /// How many sentences `tape` dropped before anything of them had left.
+    std::uint64_t missedSentences(const SentenceTape& tape) const;
+
     /// What remains of the sentence of which a part has left; empty between sentences.
     std::string_view remainder() const;
 
@@ -35,6 +43,8 @@ private:
     SentenceTape::Number next_;  // the first sentence of which nothing has left
     SharedBytes begun_;          // null between sentences
     std::size_t sent_ = 0;       // how much of it
+    std::uint64_t sentBytes_ = 0;
+    std::uint64_t missed_ = 0;
 };
 
 }  // namespace tidewright::network

@@ -48,12 +48,18 @@ void WorkQueue::post(Task task) {
 }
 
 void WorkQueue::runAndWait(const Task& task) {
+    startAndWait([&task](const Task& done) {
+        task();
+        done();
+    });
+}
+
+void WorkQueue::startAndWait(const Start& start) {
     check(std::this_thread::get_id() != core_->thread.get_id(),
           "a work queue cannot wait for itself");
-    std::packaged_task<void()> work(task);
-    auto done = work.get_future();
-    asio::post(core_->context, [&work] { work(); });
-    done.get();
+    const auto promise = std::make_shared<std::promise<void>>();
+    post([&start, promise] { start([promise] { promise->set_value(); }); });
+    promise->get_future().wait();
 }
 
 asio::io_context& WorkQueue::context() {

@@ -15,6 +15,7 @@ namespace tidewright::platform {
 class WorkQueue {
 public:
     using Task = std::function<void()>;
+    using Start = std::function<void(Task done)>;
 
     /// `label` names the thread in debuggers and process listings (Linux shows 15 characters).
     explicit WorkQueue(const std::string& label);
@@ -31,6 +32,10 @@ public:
     /// Runs `task` on the queue and returns when it is done. Must not be called on the queue
     /// itself.
     void runAndWait(const Task& task);
+
+    /// Runs `start` on the queue, and returns when the task that it is handed has been run, there,
+    /// at once or later. Must not be called on the queue itself.
+    void startAndWait(const Start& start);
 
     /// Where the owner's sockets and timers live: their handlers run on the queue.
     asio::io_context& context();

@@ -10,7 +10,8 @@
 
 namespace tidewright::simulation {
 
-/// The other vessels: each sails straight on, with a slow wander of course and speed.
+/// The other vessels: each sails on while course and speed wander, the course by 81° in a minute
+/// (standard deviation, at ten steps a second).
 class AISTraffic {
 public:
     /// `random` must outlive this.

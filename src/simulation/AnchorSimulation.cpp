@@ -21,7 +21,7 @@ struct Swing {
 };
 
 Swing swingOf(const AnchorSettings& settings) {
-    const double chain = std::clamp(settings.chainLength, 5.0, 200.0);
+    const double chain = chainOut(settings);
     if (settings.chainTaut) return {0.82 * chain, 8, 18};
     return {0.28 * chain, 3, 35};
 }
@@ -33,11 +33,19 @@ double guardedMetresPerDegreeOfLongitude(double latitude) {
 
 }  // namespace
 
+double chainOut(const AnchorSettings& settings) {
+    return std::clamp(settings.chainLength, 5.0, 200.0);
+}
+
+double swingRadius(const AnchorSettings& settings) {
+    return swingOf(settings).radius;
+}
+
 AnchorSimulation::AnchorSimulation(const BoatState& state, const AnchorSettings& settings)
     : previousLatitude(state.latitude),
       previousLongitude(state.longitude),
       previousCourse(state.cog) {
-    const double radius = swingOf(settings).radius;
+    const double radius = swingRadius(settings);
     const double downwind = radians(wrap360(settings.windDirection + 180));
     east = radius * std::sin(downwind);
     north = radius * std::cos(downwind);

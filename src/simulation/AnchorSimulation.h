@@ -18,6 +18,12 @@ struct AnchorSettings {
     bool operator==(const AnchorSettings&) const = default;
 };
 
+/// The chain that is out, metres: what was chosen, within its limits.
+double chainOut(const AnchorSettings& settings);
+
+/// How far from her anchor the boat lies when she is at rest, metres.
+double swingRadius(const AnchorSettings& settings);
+
 /// A boat that swings round her anchor: she chases, with a lag, a point a fixed distance downwind
 /// of it. A value; it keeps no settings, so changes act from the next step on.
 struct AnchorSimulation {

@@ -28,6 +28,7 @@ void BoatSimulationEngine::start(std::int64_t aisTargets) {
 
 void BoatSimulationEngine::setAISTargets(std::int64_t count) {
     traffic.regenerate(count, state->latitude, state->longitude);
+    notify();
 }
 
 bool BoatSimulationEngine::triggerManeuver(Maneuver maneuver) {

@@ -7,15 +7,27 @@ namespace {
 constexpr std::uint64_t steps = std::uint64_t{1} << 53;
 constexpr double step = 0x1p-53;
 
+constexpr std::uint64_t lowHalf(std::uint64_t number) {
+    return number & 0xFFFFFFFF;
+}
+
+constexpr std::uint64_t highHalf(std::uint64_t number) {
+    return number >> 32;
+}
+
+/// The 128 bits of a x b, of which `high` and `low` are 64 each.
 struct Product {
     std::uint64_t high;
     std::uint64_t low;
 };
 
-Product multiply(std::uint64_t a, std::uint64_t b) {
-    __extension__ using Wide = unsigned __int128;
-    const Wide product = static_cast<Wide>(a) * b;
-    return {static_cast<std::uint64_t>(product >> 64), static_cast<std::uint64_t>(product)};
+/// Multiplied by halves, as on paper: no machine of 32 bits has a number of 128.
+constexpr Product multiply(std::uint64_t a, std::uint64_t b) {
+    const std::uint64_t low = lowHalf(a) * lowHalf(b);
+    const std::uint64_t one = highHalf(a) * lowHalf(b) + highHalf(low);
+    const std::uint64_t other = lowHalf(a) * highHalf(b) + lowHalf(one);
+    return {highHalf(a) * highHalf(b) + highHalf(one) + highHalf(other),
+            other << 32 | lowHalf(low)};
 }
 
 }  // namespace

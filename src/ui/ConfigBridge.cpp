@@ -49,8 +49,13 @@ QString ConfigBridge::preset() const {
     return toQt(config_.preset->id);
 }
 
-bool ConfigBridge::isPort(const QString& text) {
-    return portNumber(text.toStdString()).has_value();
+bool ConfigBridge::presetModified() const {
+    return config_.differsFromPreset();
+}
+
+QString ConfigBridge::portProblem(const QString& text) {
+    if (portNumber(text.toStdString())) return {};
+    return QStringLiteral("Un port va de 0 à 65535,");
 }
 
 void ConfigBridge::enterTcpPort(const QString& text) {

@@ -20,6 +20,7 @@ class ConfigBridge : public QObject {
     Q_PROPERTY(QList<QString> presetDetails READ presetDetails CONSTANT)
     Q_PROPERTY(QList<QString> talkers READ talkers CONSTANT)
     Q_PROPERTY(QString preset READ preset NOTIFY changed)
+    Q_PROPERTY(bool presetModified READ presetModified NOTIFY changed)
     Q_PROPERTY(bool tcpEnabled READ tcpEnabled WRITE setTcpEnabled NOTIFY changed)
     Q_PROPERTY(bool udpEnabled READ udpEnabled WRITE setUdpEnabled NOTIFY changed)
     Q_PROPERTY(QString tcpPort READ tcpPort NOTIFY changed)
@@ -52,7 +53,8 @@ public:
 
     static QStringList talkers();  ///< the talkers on offer
 
-    QString preset() const;  ///< the identifier of the one last applied
+    QString preset() const;       ///< the identifier of the one last applied
+    bool presetModified() const;  ///< what it brought was changed since
     bool tcpEnabled() const { return config_.tcpEnabled; }
     bool udpEnabled() const { return config_.udpEnabled; }
     QString tcpPort() const { return QString::number(config_.tcpPort); }
@@ -95,8 +97,8 @@ public:
     void setAisHz(double value) { config_.aisHz = value; }
     void setAisTargetCount(int value) { config_.aisTargetCount = value; }
 
-    /// Whether `text` is a whole number within 0 to 65535, in ASCII digits and nothing else.
-    Q_INVOKABLE static bool isPort(const QString& text);
+    /// What keeps `text` from being a port, in French; empty if it is one.
+    Q_INVOKABLE static QString portProblem(const QString& text);
 
     // What the user typed; anything but a port changes nothing.
     Q_INVOKABLE void enterTcpPort(const QString& text);

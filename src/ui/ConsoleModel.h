@@ -1,60 +1,152 @@
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
-#include <QAbstractListModel>
+#include <QObject>
+#include <QString>
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <limits>
 #include <string>
+#include <vector>
 
 #include "gateway/GatewaySimulator.h"
+#include "ui/ConsoleFilter.h"
 #include "ui/ConsoleSelection.h"
 
 namespace tidewright::ui {
 
-/// The console's lines as a list, oldest first. Follows the gateway when told to, by taking lines
-/// off the front and adding some at the end, never by starting over.
-class ConsoleModel : public QAbstractListModel {
+/// A row as it is drawn: a line of the console, or what of a long one comes after so many columns.
+class ConsoleRow {
+    Q_GADGET
+    QML_VALUE_TYPE(consoleRow)
+    Q_PROPERTY(double number MEMBER number)
+    Q_PROPERTY(QString time MEMBER time)
+    Q_PROPERTY(QString transport MEMBER transport)
+    Q_PROPERTY(QString text MEMBER text)
+    Q_PROPERTY(QString whole MEMBER whole)
+    Q_PROPERTY(int from MEMBER from)
+
+public:
+    double number = 0;  ///< of its line; 0: there is no such row
+    QString time;       ///< this and the transport are empty where a line goes on
+    QString transport;
+    QString text;   ///< what of the line stands in this row
+    QString whole;  ///< the line's text; empty where a line goes on
+    int from = 0;   ///< the column of the line that the row begins with
+
+    bool operator==(const ConsoleRow&) const = default;
+};
+
+/// A place between two characters of a line.
+class ConsolePlace {
+    Q_GADGET
+    QML_VALUE_TYPE(consolePlace)
+    Q_PROPERTY(double number MEMBER number)
+    Q_PROPERTY(int column MEMBER column)
+
+public:
+    double number = 0;  ///< of the line; 0: there are no lines
+    int column = 0;
+};
+
+/// The console as rows of so many columns, oldest first: the lines that pass the filter, and a note
+/// wherever lines were missed because of a pause. Rows are numbered from 0 through all that were
+/// ever shown, so that a row keeps its number while others leave at the front; lines likewise,
+/// from 1. (As doubles, the largest whole numbers that QML has.)
+class ConsoleModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Reached through the gateway")
     Q_PROPERTY(tidewright::ui::ConsoleSelection* selection READ selection CONSTANT)
+    Q_PROPERTY(int columns READ columns WRITE setColumns NOTIFY rewrapped)
+    Q_PROPERTY(double begin READ begin NOTIFY changed)
+    Q_PROPERTY(double end READ end NOTIFY changed)
+    Q_PROPERTY(QString transport READ transport WRITE setTransport NOTIFY filterChanged)
+    Q_PROPERTY(QString words READ words WRITE setWords NOTIFY filterChanged)
 
 public:
-    enum Role { NumberRole = Qt::UserRole, TimeRole, TransportRole, TextRole };
+    /// Texts beyond this many characters are shown, and selected, up to here.
+    static constexpr int longestText = 1000;
 
     /// `simulator` must outlive this.
     ConsoleModel(const gateway::GatewaySimulator& simulator, QObject* parent);
 
-    int rowCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
-
     ConsoleSelection* selection() { return &selection_; }
 
-    /// The number of the line in `row`, counted over all lines ever logged, from 1; rows beyond
-    /// either end count as the last one there. 0 where there is no line.
-    Q_INVOKABLE double numberAt(int row) const;
+    int columns() const { return columns_; }
+    void setColumns(int columns);  ///< at least 1
 
-    /// The row of a line, within the rows there are; -1 where there are none.
-    Q_INVOKABLE int rowOf(double number) const;
+    double begin() const;                                     ///< the oldest row
+    double end() const { return static_cast<double>(end_); }  ///< the row that comes next
 
+    QString transport() const { return filter_.transport; }
+    QString words() const { return filter_.words; }
+    void setTransport(const QString& value) { setFilter({value, filter_.words}); }
+    void setWords(const QString& value) { setFilter({filter_.transport, value}); }
+
+    Q_INVOKABLE tidewright::ui::ConsoleRow row(double row) const;
+
+    /// Where in a line the column `column` of a row lies; the nearest place where there is none.
+    Q_INVOKABLE tidewright::ui::ConsolePlace place(double row, int column) const;
+
+    /// The line that comes so many after another, within the lines there are; 0 where there are
+    /// none.
+    Q_INVOKABLE double lineBeside(double number, int step) const;
+
+    Q_INVOKABLE double newestLine() const;
+    Q_INVOKABLE double firstRowOf(double number) const;  ///< `number`: a line still there
+    Q_INVOKABLE double lastRowOf(double number) const;
+    Q_INVOKABLE QString textOf(double number) const;
     Q_INVOKABLE void selectAll();
 
-    /// As the whole console is copied: "14:03:27 TCP > text", one line feed between two.
+    /// The selected texts alone, one line feed between two.
     std::string selectedText() const;
+
+    /// The selected lines in full, as the whole console is copied.
+    std::string selectedLines() const;
 
     /// Takes up what happened to the console since the last call.
     void update();
 
+    /// Whether update() would find nothing new.
+    bool isUpToDate() const;
+
+Q_SIGNALS:
+    void changed();        ///< rows came or left
+    void rewrapped();      ///< other rows stand where these were: another width or filter
+    void filterChanged();  ///< after rewrapped()
+
 private:
-    void removeFront(int count);
-    void append(int count);
-    double oldest() const { return lines_.empty() ? 0 : static_cast<double>(dropped_ + 1); }
-    double newest() const { return static_cast<double>(dropped_ + lines_.size()); }
+    struct Line {
+        std::uint64_t position = 0;  // among all lines ever logged
+        gateway::ConsoleLine line;
+        QString text;  // as shown
+        std::uint64_t firstRow = 0;
+    };
+
+    void setFilter(ConsoleFilter filter);
+    void removeFront();
+    void append();
+    void appendLine(std::uint64_t position, const gateway::ConsoleLine& line);
+    std::uint64_t rowsFor(const QString& text) const;
+    std::uint64_t oldestPosition() const;
+    const Line* lineAt(double row) const;
+    const Line& lineOf(double number) const;
+    double numberOf(const Line& line) const;
+    std::string joinSelected(const std::function<std::string(const Line&)>& text) const;
+    double oldest() const { return lines_.empty() ? 0 : static_cast<double>(removed_ + 1); }
+    double newest() const;
 
     const gateway::GatewaySimulator& simulator_;
-    std::deque<gateway::ConsoleLine> lines_;
-    std::uint64_t dropped_ = 0;  // lines that are no longer here, or never were
+    ConsoleFilter filter_;
+    int columns_ = std::numeric_limits<int>::max();
+    std::deque<Line> lines_;
+    std::deque<std::pair<std::uint64_t, gateway::ConsoleLine>> notes_;  // with where they stand
+    std::uint64_t end_ = 0;
+    std::uint64_t removed_ = 0;       // lines that were here once
+    std::uint64_t lastPosition_ = 0;  // of the last line looked at
+    std::uint64_t missedTold_ = 0;    // how many missed lines the notes tell of
     ConsoleSelection selection_;
 };
 

@@ -14,7 +14,8 @@ ControlWindow::ControlWindow(Gateway gateway, platform::MainLoop& loop,
     : engine_(gateway.engine),
       config_(gateway.config),
       failure_(gateway.failure),
-      simulator_(gateway.simulator, gateway.config, loop, std::move(setClipboard)) {
+      simulator_(gateway.simulator, gateway.config, gateway.failure, loop,
+                 std::move(setClipboard)) {
     qml_register_types_Tidewright();
     qml_.setInitialProperties({{QStringLiteral("engine"), QVariant::fromValue(&engine_)},
                                {QStringLiteral("config"), QVariant::fromValue(&config_)},

@@ -41,6 +41,9 @@ class EngineBridge : public QObject {
 public:
     explicit EngineBridge(simulation::BoatSimulationEngine& engine);
 
+    /// The boat herself.
+    const simulation::BoatSimulationEngine& boat() const { return engine_; }
+
     // Raw values, and what the user reads for them, in the same order.
     static QStringList modes();
     static QStringList modeLabels();

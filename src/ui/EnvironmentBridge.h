@@ -3,6 +3,7 @@
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
 #include <QStringList>
+#include <algorithm>
 
 #include "platform/Observable.h"
 #include "simulation/SailingEnvironment.h"
@@ -41,11 +42,12 @@ public:
 
     /// A raw value; any other text changes nothing.
     void setWindPreset(const QString& value);
+    /// Each keeps a knot away from the other, by pushing it.
     void setCustomMin(double value) {
-        assignMember(environment_, &simulation::SailingEnvironment::customMin, value);
+        setCustomRange(value, std::max(environment_->customMax, value + 1));
     }
     void setCustomMax(double value) {
-        assignMember(environment_, &simulation::SailingEnvironment::customMax, value);
+        setCustomRange(std::min(environment_->customMin, value - 1), value);
     }
     void setPerformancePercent(double value) {
         assignMember(environment_, &simulation::SailingEnvironment::performance, value / 100);
@@ -58,6 +60,13 @@ Q_SIGNALS:
     void changed();
 
 private:
+    void setCustomRange(double low, double high) {
+        simulation::SailingEnvironment changed = environment_;
+        changed.customMin = low;
+        changed.customMax = high;
+        environment_ = changed;
+    }
+
     platform::Published<simulation::SailingEnvironment>& environment_;
 };
 

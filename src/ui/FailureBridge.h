@@ -26,6 +26,7 @@ class FailureBridge : public QObject {
     Q_PROPERTY(
         int packetLossPercent READ packetLossPercent WRITE setPacketLossPercent NOTIFY changed)
     Q_PROPERTY(QString packetLossText READ packetLossText NOTIFY changed)
+    Q_PROPERTY(QString activeText READ activeText NOTIFY changed)
 
 public:
     explicit FailureBridge(gateway::FailureInjection& failure)
@@ -41,6 +42,15 @@ public:
     QString latencyText() const { return QStringLiteral("%1 ms").arg(latencyMs()); }
     int packetLossPercent() const { return static_cast<int>(failure_.packetLossPercent.get()); }
     QString packetLossText() const { return QStringLiteral("%1 %").arg(packetLossPercent()); }
+
+    /// As in "2 pannes actives"; empty where none is on.
+    QString activeText() const {
+        const int count = failure_.activeCount();
+        if (count == 0) return {};
+        return count == 1 ? QStringLiteral("1 panne active")
+                          : QStringLiteral("%1 pannes actives").arg(count);
+    }
+    Q_INVOKABLE void reset() { failure_.reset(); }
 
     void setStopStream(bool value) { failure_.stopStream = value; }
     void setDisableGPS(bool value) { failure_.disableGPS = value; }

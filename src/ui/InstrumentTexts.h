@@ -6,6 +6,10 @@
 
 namespace tidewright::ui {
 
+/// The side that an angle off the bow, in degrees within [-180, 180], is on: "tribord" or "bâbord";
+/// "debout" dead ahead, "arrière" dead astern. To the whole degree, as shown.
+std::string sideOf(double angle);
+
 /// The boat's instruments as the tiles show them, without units.
 struct InstrumentTexts {
     std::string sog;
@@ -13,7 +17,7 @@ struct InstrumentTexts {
     std::string stw;
     std::string windSpeed;  ///< apparent
     std::string windAngle;  ///< apparent, off the bow, unsigned
-    std::string windSide;   ///< "tribord" or "bâbord"; "debout" dead ahead, "arrière" dead astern
+    std::string windSide;   ///< apparent, as by sideOf()
     std::string depth;
     std::string position;
 

@@ -9,15 +9,19 @@
 namespace tidewright::ui {
 
 SimulatorBridge::SimulatorBridge(gateway::GatewaySimulator& simulator,
-                                 const gateway::SimulationConfig& config, platform::MainLoop& loop,
+                                 const gateway::SimulationConfig& config,
+                                 const gateway::FailureInjection& failure, platform::MainLoop& loop,
                                  SetClipboard setClipboard)
     : simulator_(simulator),
       config_(config),
       loop_(loop),
       setClipboard_(std::move(setClipboard)),
       console_(simulator, this),
+      clients_(this),
+      shown_(current()),
       changes_(simulator.observe([this] { updateSoon(); })),
-      configChanges_(config.observe([this] { updateSoon(); })) {}
+      configChanges_(config.observe([this] { updateSoon(); })),
+      failureChanges_(failure.observe([this] { updateSoon(); })) {}
 
 QString SimulatorBridge::ipAddress() const {
     const auto& interface = simulator_.interface.get();
@@ -44,7 +48,14 @@ QString SimulatorBridge::lastError() const {
     return toQt(simulator_.lastError->value_or(std::string()));
 }
 
+QString SimulatorBridge::missedText() const {
+    const auto missed = simulator_.consoleMissedCount() - missedBefore_;
+    if (!consolePaused() || missed == 0) return {};
+    return toQt(missed == 1 ? "1 ligne manquée" : fmt::format("{} lignes manquées", missed));
+}
+
 void SimulatorBridge::setConsolePaused(bool value) {
+    missedBefore_ = simulator_.consoleMissedCount();
     simulator_.consolePaused = value;
     update();
 }
@@ -52,11 +63,13 @@ void SimulatorBridge::setConsolePaused(bool value) {
 void SimulatorBridge::start() {
     simulator_.start();
     update();
+    updateConsole();
 }
 
 void SimulatorBridge::stop() {
     simulator_.stop();
     update();
+    updateConsole();
 }
 
 void SimulatorBridge::regenerateAIS() {
@@ -67,13 +80,24 @@ void SimulatorBridge::dropClients() {
     simulator_.dropClients();
 }
 
+void SimulatorBridge::dropClient(double number) {
+    simulator_.dropClient(static_cast<std::uint64_t>(number));
+}
+
+void SimulatorBridge::refreshClients() {
+    clients_.update(simulator_.clients, loop_.wallClock());
+}
+
 void SimulatorBridge::clearConsole() {
     simulator_.clearConsole();
-    update();
+    updateConsole();
 }
 
 void SimulatorBridge::copyConsole() const {
-    simulator_.copyConsole();
+    if (const std::string lines = console_.selectedLines(); !lines.empty())
+        setClipboard_(lines);
+    else
+        simulator_.copyConsole();
 }
 
 void SimulatorBridge::copyAddress() const {
@@ -84,7 +108,22 @@ void SimulatorBridge::copySelection() const {
     if (const std::string text = console_.selectedText(); !text.empty()) setClipboard_(text);
 }
 
+SimulatorBridge::Shown SimulatorBridge::current() const {
+    return {.isRunning = isRunning(),
+            .isReachable = isReachable(),
+            .hasClients = hasClients(),
+            .isSilent = isSilent(),
+            .consolePaused = consolePaused(),
+            .ipAddress = ipAddress(),
+            .clientText = clientText(),
+            .messageRate = messageRate(),
+            .byteRate = byteRate(),
+            .missedText = missedText(),
+            .lastError = lastError()};
+}
+
 void SimulatorBridge::updateSoon() {
+    updateConsoleSoon();
     if (std::exchange(updating_, true)) return;
     loop_.after(batchPeriod, lifetime_.guard([this] {
         updating_ = false;
@@ -93,8 +132,23 @@ void SimulatorBridge::updateSoon() {
 }
 
 void SimulatorBridge::update() {
+    if (!simulator_.clients->empty() || clients_.rowCount() > 0) refreshClients();
+    if (Shown now = current(); now != shown_) {
+        shown_ = std::move(now);
+        Q_EMIT changed();
+    }
+}
+
+void SimulatorBridge::updateConsoleSoon() {
+    if (console_.isUpToDate() || std::exchange(updatingConsole_, true)) return;
+    loop_.after(consolePeriod, lifetime_.guard([this] {
+        updatingConsole_ = false;
+        updateConsole();
+    }));
+}
+
+void SimulatorBridge::updateConsole() {
     console_.update();
-    Q_EMIT changed();
 }
 
 }  // namespace tidewright::ui

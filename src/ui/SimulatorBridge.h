@@ -9,12 +9,14 @@
 #include "platform/Lifetime.h"
 #include "platform/MainLoop.h"
 #include "platform/Subscription.h"
+#include "ui/ClientsModel.h"
 #include "ui/ConsoleModel.h"
 
 namespace tidewright::ui {
 
 /// Shows the gateway to QML. However often the gateway changes, it is looked at once every
-/// batchPeriod at most: console lines come by the thousand.
+/// batchPeriod at most, and its console, whose every change paints many rows, once every
+/// consolePeriod: lines come by the thousand.
 class SimulatorBridge : public QObject {
     Q_OBJECT
     QML_NAMED_ELEMENT(GatewaySimulator)
@@ -24,31 +26,40 @@ class SimulatorBridge : public QObject {
     Q_PROPERTY(QString ipAddress READ ipAddress NOTIFY changed)
     Q_PROPERTY(QString clientText READ clientText NOTIFY changed)
     Q_PROPERTY(bool hasClients READ hasClients NOTIFY changed)
+    Q_PROPERTY(bool isSilent READ isSilent NOTIFY changed)
     Q_PROPERTY(QString messageRate READ messageRate NOTIFY changed)
     Q_PROPERTY(QString byteRate READ byteRate NOTIFY changed)
     Q_PROPERTY(bool consolePaused READ consolePaused WRITE setConsolePaused NOTIFY changed)
+    Q_PROPERTY(QString missedText READ missedText NOTIFY changed)
     Q_PROPERTY(QString lastError READ lastError NOTIFY changed)
     Q_PROPERTY(tidewright::ui::ConsoleModel* console READ console CONSTANT)
+    Q_PROPERTY(tidewright::ui::ClientsModel* clients READ clients CONSTANT)
 
 public:
     static constexpr auto batchPeriod = std::chrono::milliseconds(50);
+    static constexpr auto consolePeriod = std::chrono::milliseconds(200);
 
     using SetClipboard = std::function<void(const std::string&)>;
 
     /// All arguments must outlive this.
     SimulatorBridge(gateway::GatewaySimulator& simulator, const gateway::SimulationConfig& config,
-                    platform::MainLoop& loop, SetClipboard setClipboard);
+                    const gateway::FailureInjection& failure, platform::MainLoop& loop,
+                    SetClipboard setClipboard);
 
     bool isRunning() const { return simulator_.isRunning; }
     bool isReachable() const { return simulator_.interface->has_value(); }  ///< has an address
     QString ipAddress() const;
     QString clientText() const;  ///< who is listening
     bool hasClients() const { return !simulator_.tcpClients->empty(); }
+    bool isSilent() const { return simulator_.isSilent(); }  ///< emits, and nothing gets out
     QString messageRate() const;
     QString byteRate() const;
     bool consolePaused() const { return simulator_.consolePaused; }
-    QString lastError() const;  ///< empty: none
+    QString missedText() const;  ///< how many lines this pause has cost so far; empty: none
+    QString lastError() const;   ///< empty: none
+    const simulation::Track& track() const { return simulator_.track(); }
     ConsoleModel* console() { return &console_; }
+    ClientsModel* clients() { return &clients_; }
 
     void setConsolePaused(bool value);
 
@@ -56,26 +67,44 @@ public:
     Q_INVOKABLE void stop();
     Q_INVOKABLE void regenerateAIS();
     Q_INVOKABLE void dropClients();
+    Q_INVOKABLE void dropClient(double number);
+    Q_INVOKABLE void refreshClients();  ///< as time passes, their durations do
     Q_INVOKABLE void clearConsole();
-    Q_INVOKABLE void copyConsole() const;
+    Q_INVOKABLE void copyConsole() const;  ///< the selected lines in full; all where none is
     Q_INVOKABLE void copyAddress() const;
-    Q_INVOKABLE void copySelection() const;  ///< the console's selected lines, if any
+    Q_INVOKABLE void copySelection() const;  ///< the console's selected texts, if any
 
 Q_SIGNALS:
     void changed();
 
 private:
+    /// What is shown of the gateway, the console apart.
+    struct Shown {
+        bool isRunning, isReachable, hasClients, isSilent, consolePaused;
+        QString ipAddress, clientText, messageRate, byteRate, missedText, lastError;
+
+        bool operator==(const Shown&) const = default;
+    };
+
+    Shown current() const;
     void updateSoon();
     void update();
+    void updateConsoleSoon();
+    void updateConsole();
 
     gateway::GatewaySimulator& simulator_;
     const gateway::SimulationConfig& config_;
     platform::MainLoop& loop_;
     SetClipboard setClipboard_;
     ConsoleModel console_;
-    bool updating_ = false;  // a look at the gateway is on its way
+    ClientsModel clients_;
+    Shown shown_;
+    bool updating_ = false;           // a look at the gateway is on its way
+    bool updatingConsole_ = false;    // a look at its console is
+    std::uint64_t missedBefore_ = 0;  // console lines missed before this pause
     platform::Subscription changes_;
     platform::Subscription configChanges_;
+    platform::Subscription failureChanges_;
     platform::Lifetime lifetime_;
 };
 

@@ -12,6 +12,8 @@ namespace tidewright::ui {
 
 namespace {
 
+constexpr std::array requests{SIGINT, SIGTERM, SIGHUP};
+
 /// What a signal handler may safely do: write to a pipe that the main loop reads.
 std::array<int, 2> wakeUp{-1, -1};
 
@@ -30,13 +32,14 @@ void handle(int) {
 TerminationSignals::TerminationSignals(std::function<void()> requested)
     : arrival_(openPipe(), QSocketNotifier::Read) {
     QObject::connect(&arrival_, &QSocketNotifier::activated, std::move(requested));
-    std::signal(SIGINT, handle);
-    std::signal(SIGTERM, handle);
+    for (const int each : requests) {
+        const auto before = std::signal(each, handle);
+        if (each == SIGHUP && before == SIG_IGN) std::signal(SIGHUP, SIG_IGN);
+    }
 }
 
 TerminationSignals::~TerminationSignals() {
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
+    for (const int each : requests) std::signal(each, SIG_DFL);
     ::close(wakeUp[0]);
     ::close(wakeUp[1]);
 }

@@ -10,7 +10,7 @@ import sys
 
 SOURCES = pathlib.Path(sys.argv[1]) / "src"
 
-MAY_KNOW = {"asio": {"platform", "network"}, "Qt": {"ui"}}
+MAY_KNOW = {"asio": {"platform", "network"}, "fast_float": {"platform"}, "Qt": {"ui"}}
 
 # What a line must not do, and the files that may because somebody must.
 RULES = (
@@ -30,8 +30,9 @@ QT_HEADER = re.compile(r"^(Q[A-Z]\w*|Qt\w*/.*)$")
 
 
 def outsider(header):
-    if header.startswith("asio"):
-        return "asio"
+    for library in ("asio", "fast_float"):
+        if header.startswith(library):
+            return library
     if QT_HEADER.match(header):
         return "Qt"
     return None

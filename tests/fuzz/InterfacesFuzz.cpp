@@ -116,11 +116,15 @@ void checkBest(const std::vector<LocalInterface>& interfaces) {
 }
 
 void checkClients(const std::vector<std::string>& addresses) {
-    const auto clients = network::clientList(addresses);
+    std::vector<network::ConnectedClient> clients;
+    for (const auto& address : addresses)
+        clients.push_back({clients.size() + 1, network::describe(address)});
+    network::sortClients(clients);
     check(clients.size() == addresses.size(), "every client is listed");
-    check(std::ranges::is_sorted(clients), "clients are in order");
+    check(std::ranges::is_sorted(clients, {}, &network::ConnectedClient::address),
+          "clients are in order");
     for (const auto& client : clients)
-        check(client.find('%') == std::string::npos, "no scope is shown");
+        check(client.address.find('%') == std::string::npos, "no scope is shown");
 }
 
 }  // namespace

@@ -72,5 +72,16 @@ TEST_F(ConsoleLogTest, staysThroughAStopAndAStart) {
     EXPECT_EQ(systemLines().size(), 3);
 }
 
+TEST_F(ConsoleLogTest, countsWhatAPauseMissed) {
+    gateway.log("SYS", "kept");
+    gateway.consolePaused = true;
+    gateway.log("SYS", "missed");
+    gateway.log("SYS", "missed too");
+    gateway.consolePaused = false;
+    gateway.log("SYS", "kept again");
+    EXPECT_EQ(gateway.consoleMissedCount(), 2);
+    EXPECT_EQ(gateway.consoleAppendedCount(), 2);
+}
+
 }  // namespace
 }  // namespace tidewright::gateway

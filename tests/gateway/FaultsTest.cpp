@@ -86,6 +86,8 @@ TEST_F(FaultsTest, losesEverythingAtAHundredPercent) {
     failure.packetLossPercent = 100;
     loseOneOf({99, 99, 99});
     EXPECT_THAT(sentencesDuring(3s), IsEmpty());
+    EXPECT_EQ(gateway.aisReports().staticCountdown(), 8)
+        << "everything is due and made all the same";
     EXPECT_EQ(gateway.messagesPerSecond, 0);
     EXPECT_EQ(gateway.kilobytesPerSecond, 0);
     EXPECT_TRUE(gateway.isRunning);
@@ -183,6 +185,34 @@ TEST_F(FaultsTest, surviveAStopAndAStart) {
     gateway.stop();
     gateway.start();
     EXPECT_EQ(countOf(sentencesDuring(10s), "IIMWV"), 0);
+}
+
+TEST_F(FaultsTest, areCountedWhileTheyAreOn) {
+    EXPECT_EQ(failure.activeCount(), 0);
+    failure.stopStream = true;
+    failure.disableGPS = true;
+    failure.disableWind = true;
+    failure.disableAIS = true;
+    failure.invalidChecksum = true;
+    failure.latencyMs = 50;
+    failure.packetLossPercent = 5;
+    failure.randomDisconnections = true;
+    EXPECT_EQ(failure.activeCount(), 8);
+    failure.reset();
+    EXPECT_EQ(failure.activeCount(), 0);
+    EXPECT_EQ(failure.latencyMs, 0);
+    EXPECT_EQ(failure.packetLossPercent, 0);
+}
+
+TEST_F(FaultsTest, leaveTheGatewaySilentWhereNothingGetsOut) {
+    EXPECT_FALSE(gateway.isSilent());
+    failure.stopStream = true;
+    EXPECT_TRUE(gateway.isSilent());
+    failure.stopStream = false;
+    failure.packetLossPercent = 100;
+    EXPECT_TRUE(gateway.isSilent());
+    failure.packetLossPercent = 99;
+    EXPECT_FALSE(gateway.isSilent());
 }
 
 }  // namespace

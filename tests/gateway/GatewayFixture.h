@@ -10,6 +10,7 @@
 
 #include "gateway/GatewaySimulator.h"
 #include "platform/VirtualMainLoop.h"
+#include "support/NumberedClients.h"
 #include "support/PretendHost.h"
 #include "support/ScriptedRandom.h"
 
@@ -35,9 +36,9 @@ struct GatewayFixture : testing::Test {
         return host.tcp->takeSentences();
     }
 
-    /// Reports these clients as connected.
+    /// Reports these clients, numbered from 1, as connected.
     void connect(const std::vector<std::string>& addresses) const {
-        host.tcp->onClientsChanged(addresses);
+        host.tcp->onClientsChanged(network::numberedClients(addresses));
     }
 
     /// The texts of the console's system lines.

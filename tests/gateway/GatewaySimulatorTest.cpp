@@ -14,6 +14,7 @@ using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 using testing::StartsWith;
 
 struct GatewaySimulatorTest : GatewayFixture {};
@@ -65,15 +66,21 @@ TEST_F(GatewaySimulatorTest, speaksAsTheChosenTalkerOnlyForTheGps) {
     config.apply(*std::ranges::find(GatewayPreset::all, "yacht-devices", &GatewayPreset::id));
     gateway.start();
     const auto sent = sentencesDuring(50ms);
-    EXPECT_EQ(countOf(sent, "GNRMC") + countOf(sent, "GNGGA") + countOf(sent, "GNVTG"), 3);
-    EXPECT_EQ(countOf(sent, "IIHDT"), 1);
+    EXPECT_THAT(addresses({sent.begin(), sent.begin() + 11}),
+                ElementsAre("GNRMC", "GNGGA", "GNVTG", "IIHDT", "IIHDG", "IIVHW", "IIMWV", "IIMWV",
+                            "IIDBT", "IIDPT", "IIMTW"));
 }
 
 TEST_F(GatewaySimulatorTest, speaksAsIIThroughoutWithThePresetThatWantsIt) {
     config.apply(*std::ranges::find(GatewayPreset::all, "nke", &GatewayPreset::id));
     config.ais = false;
     gateway.start();
-    EXPECT_THAT(sentencesDuring(10s), Each(StartsWith("$II")));
+    EXPECT_THAT(addresses(sentencesDuring(50ms)),
+                ElementsAre("IIRMC", "IIGGA", "IIVTG", "IIHDT", "IIHDG", "IIVHW", "IIMWV", "IIMWV",
+                            "IIDBT", "IIDPT", "IIMTW"));
+    const auto sent = sentencesDuring(10s);
+    EXPECT_THAT(sent, SizeIs(212));  // of 27.2 a second, 6 are AIS
+    EXPECT_THAT(sent, Each(StartsWith("$II")));
 }
 
 TEST_F(GatewaySimulatorTest, takesANewTalkerUpAtOnceAndANewRateAtTheNextStart) {
@@ -186,6 +193,95 @@ TEST_F(GatewaySimulatorTest, freezesTheBoatAndItsFiguresWhenItStops) {
     EXPECT_EQ(gateway.messagesPerSecond, 0);
     EXPECT_EQ(gateway.kilobytesPerSecond, 0);
     EXPECT_THAT(gateway.tcpClients.get(), IsEmpty());
+    EXPECT_THAT(gateway.clients.get(), IsEmpty());
+}
+
+TEST_F(GatewaySimulatorTest, tellsSinceWhenEachClientIsThere) {
+    gateway.start();
+    connect({"10.0.0.9"});
+    loop.advance(3s);
+    connect({"10.0.0.9", "10.0.0.10"});
+    EXPECT_THAT(gateway.clients.get(), ElementsAre(GatewayClient{1, "10.0.0.9", noon, 0, 0},
+                                                   GatewayClient{2, "10.0.0.10", noon + 3s, 0, 0}));
+    EXPECT_THAT(gateway.tcpClients.get(), ElementsAre("10.0.0.9", "10.0.0.10"));
+}
+
+TEST_F(GatewaySimulatorTest, asksWhatItsClientsWereSentWhileThereAreAny) {
+    gateway.start();
+    loop.advance(2s);
+    EXPECT_EQ(host.tcp->askForTrafficCalls, 0);
+    connect({"10.0.0.9"});
+    loop.advance(2s);
+    EXPECT_EQ(host.tcp->askForTrafficCalls, 2);
+}
+
+TEST_F(GatewaySimulatorTest, tellsWhatEachClientWasSentAndMissed) {
+    gateway.start();
+    connect({"10.0.0.9", "10.0.0.10"});
+    host.tcp->onTraffic({{7, 70, 7}, {2, 200, 3}, {1, 100, 0}});
+    EXPECT_THAT(gateway.clients.get(), ElementsAre(GatewayClient{1, "10.0.0.9", noon, 100, 0},
+                                                   GatewayClient{2, "10.0.0.10", noon, 200, 3}));
+    connect({"10.0.0.9"});
+    EXPECT_THAT(gateway.clients.get(), ElementsAre(GatewayClient{1, "10.0.0.9", noon, 100, 0}));
+}
+
+TEST_F(GatewaySimulatorTest, wakesNobodyForTrafficThatIsTheSame) {
+    gateway.start();
+    connect({"10.0.0.9"});
+    int changes = 0;
+    const auto watch = gateway.observe([&] { ++changes; });
+    host.tcp->onTraffic({{1, 100, 0}});
+    EXPECT_EQ(changes, 1);
+    host.tcp->onTraffic({{1, 100, 0}});
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(GatewaySimulatorTest, tellsWhatEachTransportDropped) {
+    host.tcp->drops = {.thread = 1, .client = 2};
+    host.udp->drops = {.thread = 3, .socket = 4};
+    EXPECT_EQ(gateway.droppedOverTCP(), host.tcp->drops);
+    EXPECT_EQ(gateway.droppedOverUDP(), host.udp->drops);
+}
+
+TEST_F(GatewaySimulatorTest, dropsOneClientAndSaysWhich) {
+    gateway.start();
+    connect({"10.0.0.9", "10.0.0.10"});
+    gateway.dropClient(2);
+    EXPECT_THAT(host.tcp->dropped, ElementsAre(2));
+    EXPECT_EQ(systemLines().back(), "Client TCP lâché : 10.0.0.10");
+}
+
+TEST_F(GatewaySimulatorTest, dropsNobodyForANumberThatNobodyHas) {
+    gateway.start();
+    connect({"10.0.0.9"});
+    gateway.dropClient(2);
+    EXPECT_THAT(host.tcp->dropped, IsEmpty());
+    EXPECT_EQ(systemLines().size(), 1);
+}
+
+TEST_F(GatewaySimulatorTest, keepsWhereTheBoatReallyWasOnceASecond) {
+    failure.disableGPS = true;
+    gateway.start();
+    const auto home = engine.state.get();
+    loop.advance(10s);
+    const auto& points = gateway.track().points();
+    ASSERT_EQ(points.size(), 11U);
+    EXPECT_EQ(points.front(), (simulation::TrackPoint{noon, home.latitude, home.longitude}));
+    EXPECT_EQ(points.back(), (simulation::TrackPoint{noon + 10s, engine.state->latitude,
+                                                     engine.state->longitude}));
+    gateway.stop();
+    loop.advance(10s);
+    EXPECT_EQ(points.size(), 11U);
+}
+
+TEST_F(GatewaySimulatorTest, beginsANewTrackWithEveryRun) {
+    gateway.start();
+    loop.advance(10s);
+    gateway.stop();
+    loop.advance(10s);
+    gateway.start();
+    ASSERT_EQ(gateway.track().points().size(), 1U);
+    EXPECT_EQ(gateway.track().points().front().time, noon + 20s);
 }
 
 TEST_F(GatewaySimulatorTest, keepsTheRhythmOfStaticReportsThroughARestart) {
@@ -283,6 +379,28 @@ TEST(GatewayLifetimeTest, sendsNothingOnceItIsGone) {
     gateway.reset();
     loop.advance(1s);  // what still waits must not touch the gateway: the sanitizers would tell
     EXPECT_EQ(loop.now().time_since_epoch(), 1100ms);
+}
+
+TEST_F(GatewaySimulatorTest, isSilentWithoutAnOutputThatIsOpenAndOn) {
+    config.udpEnabled = false;
+    gateway.start();
+    EXPECT_FALSE(gateway.isSilent());
+    config.tcpEnabled = false;
+    EXPECT_TRUE(gateway.isSilent());
+    config.udpEnabled = true;  // opens at the next start
+    EXPECT_TRUE(gateway.isSilent());
+    gateway.stop();
+    EXPECT_FALSE(gateway.isSilent());
+    gateway.start();
+    EXPECT_FALSE(gateway.isSilent());
+}
+
+TEST_F(GatewaySimulatorTest, isSilentWithoutAFamilyToSend) {
+    for (auto* each : {&config.gps, &config.heading, &config.boatSpeed, &config.wind, &config.depth,
+                       &config.temperature, &config.ais})
+        *each = false;
+    gateway.start();
+    EXPECT_TRUE(gateway.isSilent());
 }
 
 }  // namespace

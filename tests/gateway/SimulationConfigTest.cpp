@@ -67,5 +67,23 @@ TEST(SimulationConfigTest, keepsWhateverItIsGiven) {
     EXPECT_EQ(config.aisTargetCount, -1);
 }
 
+TEST(SimulationConfigTest, knowsWhetherItStillIsWhatThePresetBrought) {
+    SimulationConfig config;
+    EXPECT_FALSE(config.differsFromPreset());
+    config.headingHz = 1;
+    EXPECT_FALSE(config.differsFromPreset());
+    const auto differsAfter = [&](auto change) {
+        config.apply(config.preset);
+        change();
+        return config.differsFromPreset();
+    };
+    EXPECT_TRUE(differsAfter([&] { config.tcpEnabled = false; }));
+    EXPECT_TRUE(differsAfter([&] { config.udpEnabled = false; }));
+    EXPECT_TRUE(differsAfter([&] { config.tcpPort = 1; }));
+    EXPECT_TRUE(differsAfter([&] { config.udpPort = 1; }));
+    EXPECT_TRUE(differsAfter([&] { config.gpsTalker = "GN"; }));
+    EXPECT_FALSE(differsAfter([] {}));
+}
+
 }  // namespace
 }  // namespace tidewright::gateway

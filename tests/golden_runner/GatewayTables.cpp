@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "Golden.h"
 #include "gateway/GatewaySimulator.h"
 #include "support/HandCrankedLoop.h"
+#include "support/NumberedClients.h"
 #include "support/PretendHost.h"
 #include "support/ScriptedRandom.h"
 
@@ -91,7 +93,7 @@ public:
             config_.apply(
                 *std::ranges::find(GatewayPreset::all, operation.text("a"), &GatewayPreset::id));
         else if (name == "clients")
-            host_.tcp->onClientsChanged(split(operation.text("a"), ','));
+            host_.tcp->onClientsChanged(network::numberedClients(split(operation.text("a"), ',')));
         else if (name == "pause")
             gateway_.consolePaused = operation.flag("a");
         else if (name == "start")
@@ -190,29 +192,56 @@ void compareRun(Tables& tables, const Row& state) {
     }
 }
 
+/// A gateway whose timers never ring.
+struct PlainBench {
+    HandCrankedLoop loop;
+    ScriptedRandom random;
+    PretendHost host;
+    simulation::BoatSimulationEngine engine{loop, random};
+    SimulationConfig config;
+    FailureInjection failure;
+    GatewaySimulator gateway{engine, config, failure, host.host(loop, random)};
+};
+
+/// The families of which `sentences` holds the first, in order, joined with "+".
+std::string familiesIn(const std::vector<std::string>& sentences) {
+    static const std::map<std::string, SentenceKind> families{
+        {"RMC", SentenceKind::position},    {"VTG", SentenceKind::courseSpeed},
+        {"HDT", SentenceKind::heading},     {"VHW", SentenceKind::boatSpeed},
+        {"MWV", SentenceKind::wind},        {"DBT", SentenceKind::depth},
+        {"MTW", SentenceKind::temperature}, {"VDM", SentenceKind::ais}};
+    std::vector<std::string_view> names;
+    for (const std::string& each : sentences) {
+        const auto family = families.find(each.substr(3, 3));
+        if (family == families.end()) continue;
+        const std::string_view name = rawValue(family->second);
+        if (names.empty() || names.back() != name) names.push_back(name);
+    }
+    return fmt::format("{}", fmt::join(names, "+"));
+}
+
 void compareSchedules(Tables& tables) {
     for (const Row& each : tables["schedule_cases"].rows()) {
-        SimulationConfig config;
-        FailureInjection failure;
-        const Setters setters(config, failure);
+        PlainBench bench;
+        const Setters setters(bench.config, bench.failure);
         for (const auto& [name, rate] : setters.rates) setters.assign(name, each, name);
         for (const char* name :
              {"gps", "heading", "boatSpeed", "wind", "depth", "temperature", "ais"})
             setters.assign(name, each, name);
 
-        const auto joined = [](const std::vector<SentenceKind>& kinds) {
-            std::vector<std::string_view> names;
-            for (const SentenceKind kind : kinds) names.push_back(rawValue(kind));
-            return fmt::format("{}", fmt::join(names, "+"));
-        };
-        EmissionSchedule schedule(config);
-        std::vector<SentenceKind> scheduled;
-        for (const auto& entry : schedule.entries()) scheduled.push_back(entry.kind);
-        each.expectText("scheduled", joined(scheduled));
+        std::vector<std::string_view> scheduled;
+        const EmissionSchedule schedule(bench.config);
+        for (const auto& entry : schedule.entries())
+            scheduled.push_back(rawValue(entry.kind));
+        each.expectText("scheduled", fmt::format("{}", fmt::join(scheduled, "+")));
+
+        bench.gateway.start();
+        bench.engine.traffic.targets.resize(1);
         for (const Row& pump : tables["schedule_pumps"].rowsWhere("case", each.text("case"))) {
-            const platform::Instant now(std::chrono::nanoseconds(pump.integer("instantNs")));
-            const bool stopped = pump.flag("stopStream");
-            pump.expectText("fired", stopped ? "" : joined(schedule.takeDue(now)));
+            bench.loop.setClock(instant(pump, "instantNs"));
+            bench.failure.stopStream = pump.flag("stopStream");
+            bench.gateway.pump();
+            pump.expectText("fired", familiesIn(bench.host.tcp->takeSentences()));
         }
     }
 }
@@ -226,49 +255,56 @@ std::string staticSequenceIds(const std::vector<std::string>& sentences) {
     return fmt::format("{}", fmt::join(ids, "+"));
 }
 
+/// Sends nothing but AIS, at every pump, whatever rate the tables then set.
+void startWithAISAlone(PlainBench& bench) {
+    for (auto* family : {&bench.config.gps, &bench.config.heading, &bench.config.boatSpeed,
+                         &bench.config.wind, &bench.config.depth, &bench.config.temperature})
+        *family = false;
+    bench.config.aisHz = 20;
+    bench.gateway.start();
+}
+
 void compareAISRhythm(Table& table) {
-    AISReports reports;
+    std::unique_ptr<PlainBench> bench;
     std::string series;
     for (const Row& row : table.rows()) {
-        if (row.text("case") != series) {
+        if (!bench || row.text("case") != series) {
             series = row.text("case");
-            reports = AISReports();
+            bench = std::make_unique<PlainBench>();
+            startWithAISAlone(*bench);
         }
-        const std::vector<simulation::AISTarget> targets(
-            static_cast<std::size_t>(row.integer("targets")));
-        std::vector<std::string> sentences;
-        if (!row.flag("disableAIS")) sentences = reports.next(targets, {}, row.number("aisHz"));
+        bench->engine.traffic.targets.resize(static_cast<std::size_t>(row.integer("targets")));
+        bench->config.aisHz = row.number("aisHz");
+        bench->failure.disableAIS = row.flag("disableAIS");
+        bench->loop.setClock(bench->loop.wallClock() + GatewaySimulator::pumpPeriod);
+        bench->gateway.pump();
+
+        const auto sentences = bench->host.tcp->takeSentences();
         row.expectInteger("emitted", std::ssize(sentences));
         row.expectInteger("positionReports",
                           std::ranges::count_if(sentences, [](const std::string& each) {
                               return each.starts_with("!AIVDM,1,1,,");
                           }));
         row.expectText("staticSequenceIds", staticSequenceIds(sentences));
-        row.expectInteger("countdownAfter", reports.staticCountdown());
+        row.expectInteger("countdownAfter", bench->gateway.aisReports().staticCountdown());
     }
 }
 
 void compareConsole(Tables& tables) {
     for (const Row& copy : tables["console_copy"].rows()) {
-        HandCrankedLoop loop;
-        ScriptedRandom random;
-        PretendHost host;
-        simulation::BoatSimulationEngine engine(loop, random);
-        SimulationConfig config;
-        FailureInjection failure;
-        GatewaySimulator gateway(engine, config, failure, host.host(loop, random));
+        PlainBench bench;
         for (const Row& row : tables["console"].rowsWhere("case", copy.text("case"))) {
-            loop.setClock(instant(row, "instantNs"));
-            host.utcOffset = std::chrono::seconds(row.integer("utcOffset"));
-            gateway.consolePaused = row.flag("paused");
-            gateway.log(row.text("transport"), row.text("text"));
-            const auto& lines = gateway.consoleLines();
+            bench.loop.setClock(instant(row, "instantNs"));
+            bench.host.utcOffset = std::chrono::seconds(row.integer("utcOffset"));
+            bench.gateway.consolePaused = row.flag("paused");
+            bench.gateway.log(row.text("transport"), row.text("text"));
+            const auto& lines = bench.gateway.consoleLines();
             row.expectInteger("countAfter", std::ssize(lines));
             row.expectText("lastTime", lines.empty() ? "" : lines.back().time);
             row.expectText("lastText", lines.empty() ? "" : lines.back().text);
         }
-        gateway.copyConsole();
-        copy.expectText("clipboard", host.clipboard);
+        bench.gateway.copyConsole();
+        copy.expectText("clipboard", bench.host.clipboard);
     }
 }
 

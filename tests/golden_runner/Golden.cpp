@@ -9,6 +9,8 @@
 #include <iostream>
 #include <utility>
 
+#include "platform/DecimalNumber.h"
+
 namespace tidewright::golden {
 
 namespace {
@@ -54,6 +56,15 @@ std::vector<std::string> cellsOf(std::string_view line) {
     }
 }
 
+template <typename Number>
+std::optional<Number> wholeNumber(std::string_view digits, int base = 10) {
+    Number number{};
+    const char* end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, number, base);
+    if (error != std::errc() || stop != end) return std::nullopt;
+    return number;
+}
+
 bool near(double expected, double actual, double tolerance) {
     return expected == actual || std::abs(expected - actual) <= tolerance;
 }
@@ -63,19 +74,16 @@ bool near(double expected, double actual, double tolerance) {
 Row::Row(const Table& table, std::size_t line, std::vector<std::string> cells)
     : table_(&table), line_(line), cells_(std::move(cells)) {}
 
-template <typename Number, typename... Format>
-Number Row::parsed(std::string_view column, std::string_view digits, Format... format) const {
-    Number number{};
-    const char* end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, number, format...);
-    if (error != std::errc() || stop != end)
+template <typename Number>
+Number Row::read(std::string_view column, std::optional<Number> number) const {
+    if (!number)
         throw Unreadable(fmt::format("{}:{}  {}: not such a number: \"{}\"", table_->name(), line_,
                                      column, cell(column)));
-    return number;
+    return *number;
 }
 
 double Row::number(std::string_view column) const {
-    return parsed<double>(column, cell(column));
+    return read(column, platform::decimalNumber(cell(column)));
 }
 
 std::optional<double> Row::optionalNumber(std::string_view column) const {
@@ -84,17 +92,17 @@ std::optional<double> Row::optionalNumber(std::string_view column) const {
 }
 
 std::int64_t Row::integer(std::string_view column) const {
-    return parsed<std::int64_t>(column, cell(column));
+    return read(column, wholeNumber<std::int64_t>(cell(column)));
 }
 
 std::uint64_t Row::natural(std::string_view column) const {
-    return parsed<std::uint64_t>(column, cell(column));
+    return read(column, wholeNumber<std::uint64_t>(cell(column)));
 }
 
 std::uint64_t Row::hex(std::string_view column) const {
     std::string_view digits = cell(column);
     digits.remove_prefix(digits.starts_with("0x") ? 2 : digits.size());
-    return parsed<std::uint64_t>(column, digits, 16);
+    return read(column, wholeNumber<std::uint64_t>(digits, 16));
 }
 
 void Row::expectText(std::string_view column, std::string_view actual) const {

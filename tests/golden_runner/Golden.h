@@ -53,8 +53,8 @@ public:
 
 private:
     const std::string& cell(std::string_view column) const;
-    template <typename Number, typename... Format>
-    Number parsed(std::string_view column, std::string_view digits, Format... format) const;
+    template <typename Number>
+    Number read(std::string_view column, std::optional<Number> number) const;
 
     const Table* table_;
     std::size_t line_;

@@ -1,11 +1,17 @@
 #include "network/TCPServer.h"
 
+#include <arpa/inet.h>
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <net/if.h>
+#include <netinet/in.h>
+#include <sched.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <ctime>
 #include <functional>
 #include <memory>
@@ -28,7 +34,7 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 
-using Addresses = std::vector<std::string>;
+using Clients = std::vector<ConnectedClient>;
 
 /// A recognizable sentence of 500 bytes.
 std::string numbered(int number) {
@@ -77,13 +83,15 @@ private:
 struct TCPServerTest : testing::Test {
     platform::AsioMainLoop loop;
     std::unique_ptr<TCPServer> server = makeServer();
-    std::vector<Addresses> lists;
+    std::vector<Clients> lists;
+    std::vector<std::vector<ClientTraffic>> traffics;
     std::vector<std::string> failures;
     std::uint16_t port = freePort();
 
     std::unique_ptr<TCPServer> makeServer() {
         auto made = std::make_unique<TCPServer>(loop);
-        made->onClientsChanged = [this](const auto& addresses) { lists.push_back(addresses); };
+        made->onClientsChanged = [this](const auto& clients) { lists.push_back(clients); };
+        made->onTraffic = [this](const auto& clients) { traffics.push_back(clients); };
         made->onFailed = [this](const auto& description) { failures.push_back(description); };
         return made;
     }
@@ -108,7 +116,13 @@ struct TCPServerTest : testing::Test {
         loop.run();
     }
 
-    Addresses listed() const { return lists.empty() ? Addresses() : lists.back(); }
+    Clients listed() const { return lists.empty() ? Clients() : lists.back(); }
+
+    std::vector<std::string> listedAddresses() const {
+        std::vector<std::string> addresses;
+        for (const auto& client : listed()) addresses.push_back(client.address);
+        return addresses;
+    }
 
     void waitForClients(std::size_t count) {
         waitUntil([&] { return listed().size() == count; });
@@ -127,6 +141,14 @@ struct TCPServerTest : testing::Test {
         LoopbackClient client(port, options);
         waitForClients(before + 1);
         return client;
+    }
+
+    /// What each client was sent, by the server's own account.
+    std::vector<ClientTraffic> traffic() {
+        traffics.clear();
+        server->askForTraffic();
+        waitUntil([&] { return !traffics.empty(); });
+        return traffics.back();
     }
 
     void broadcast(const std::string& text) {
@@ -173,14 +195,14 @@ TEST_F(TCPServerTest, listsTwoClientsOfOneHostTwice) {
     start();
     const auto first = connect();
     const auto second = connect();
-    EXPECT_THAT(listed(), ElementsAre("127.0.0.1", "127.0.0.1"));
+    EXPECT_THAT(listedAddresses(), ElementsAre("127.0.0.1", "127.0.0.1"));
 }
 
 TEST_F(TCPServerTest, servesIPv4AndIPv6AndListsThemSorted) {
     start();
     auto six = connect({.overIPv6 = true});
     auto four = connect();
-    EXPECT_THAT(listed(), ElementsAre("127.0.0.1", "::1"));
+    EXPECT_THAT(listedAddresses(), ElementsAre("127.0.0.1", "::1"));
     broadcast("$one\r\n");
     EXPECT_EQ(six.read(6), "$one\r\n");
     EXPECT_EQ(four.read(6), "$one\r\n");
@@ -343,6 +365,60 @@ TEST_F(TCPServerTest, endsEveryStreamCleanlyWhenItDropsItsClients) {
     waitForClients(0);
 }
 
+TEST_F(TCPServerTest, numbersItsClientsFromOneAndNeverGivesANumberTwice) {
+    start();
+    {
+        const auto first = connect();
+        const auto second = connect();
+        EXPECT_THAT(listed(),
+                    ElementsAre(ConnectedClient{1, "127.0.0.1"}, ConnectedClient{2, "127.0.0.1"}));
+    }
+    start();
+    waitForClients(0);
+    const auto third = connect();
+    EXPECT_THAT(listed(), ElementsAre(ConnectedClient{3, "127.0.0.1"}));
+}
+
+TEST_F(TCPServerTest, dropsOneClientAndLeavesTheOthersAlone) {
+    start();
+    auto first = connect();
+    auto second = connect();
+    broadcast("$both\r\n");
+    server->drop(1);
+    EXPECT_EQ(first.readToEnd(), "$both\r\n");
+    EXPECT_TRUE(first.endedCleanly());
+    waitForClients(1);
+    EXPECT_THAT(listed(), ElementsAre(ConnectedClient{2, "127.0.0.1"}));
+    broadcast("$one\r\n");
+    EXPECT_EQ(second.read(13), "$both\r\n$one\r\n");
+}
+
+TEST_F(TCPServerTest, dropsNobodyForANumberThatNobodyHas) {
+    start();
+    auto client = connect();
+    server->drop(0);
+    server->drop(2);
+    broadcast("$one\r\n");
+    EXPECT_EQ(client.read(6), "$one\r\n");
+    EXPECT_THAT(lists, SizeIs(2)) << "empty at the start, and one client since";
+}
+
+TEST_F(TCPServerTest, tellsWhatEachClientWasSent) {
+    start();
+    auto early = connect();
+    broadcast("$one\r\n");
+    EXPECT_EQ(early.read(6), "$one\r\n");
+    auto late = connect();
+    broadcast("$two\r\n");
+    EXPECT_EQ(late.read(6), "$two\r\n");
+    EXPECT_THAT(traffic(), ElementsAre(ClientTraffic{1, 12, 0}, ClientTraffic{2, 6, 0}));
+}
+
+TEST_F(TCPServerTest, tellsTheTrafficOfNobodyWithoutClients) {
+    start();
+    EXPECT_THAT(traffic(), IsEmpty());
+}
+
 TEST_F(TCPServerTest, keepsListeningWhenItDropsItsClients) {
     start();
     const auto dropped = connect();
@@ -386,6 +462,25 @@ TEST_F(TCPServerTest, losesWholeSentencesForASlowReaderAndNoneForTheOthers) {
 
     broadcast("$caught up\r\n");
     EXPECT_EQ(slow.read(12), "$caught up\r\n");
+
+    const auto sentBytes = [](std::size_t sentences) {
+        return sentences * numbered(0).size() + std::string_view("$caught up\r\n").size();
+    };
+    const auto all = static_cast<std::size_t>(count);
+    EXPECT_THAT(traffic(),
+                ElementsAre(ClientTraffic{1, sentBytes(numbers.size()), all - numbers.size()},
+                            ClientTraffic{2, sentBytes(all), 0}));
+    EXPECT_EQ(server->droppedSentences(), (DroppedSentences{.client = all - numbers.size()}));
+}
+
+TEST_F(TCPServerTest, dropsAndCountsWhatItsThreadIsTooSlowFor) {
+    start();
+    auto client = connect();
+    constexpr std::size_t count = 2000;
+    const auto big = std::make_shared<const std::string>(1 << 20, '*');
+    for (std::size_t i = 0; i < count; ++i) server->broadcast(big);
+    EXPECT_GT(server->droppedSentences().thread, 0);
+    client.reset();
 }
 
 TEST_F(TCPServerTest, resetsAClientThatNeverReadsWhenItStops) {
@@ -478,12 +573,55 @@ TEST_F(TCPServerTest, unlistsAClientThatWentAwayOnceItIsSentSomething) {
 TEST_F(TCPServerTest, throwsAwayWhatClientsSayAndNeverAnswers) {
     start();
     auto client = connect();
-    client.write(std::string(1 << 20, '?'));
+    client.write(std::string(64 << 20, '?'));  // more than the system keeps for anybody
     EXPECT_TRUE(client.hasNothingToRead());
     broadcast("$one\r\n");
     EXPECT_EQ(client.read(6), "$one\r\n");
     EXPECT_THAT(listed(), SizeIs(1));
 }
+
+#ifdef __linux__
+
+/// Connects, on a network of this process's own, from a link-local address; 0 if the client is
+/// listed without its scope.
+[[noreturn]] void connectFromALinkLocalAddress() {
+    if (unshare(CLONE_NEWNET) != 0 ||
+        std::system(
+            "ip link set lo up && ip link add v0 type veth peer name v1 && ip link set v0 up && "
+            "ip link set v1 up && ip address add fe80::9/64 dev v0 nodad") != 0)
+        std::_Exit(2);
+    platform::AsioMainLoop loop;
+    TCPServer server(loop);
+    Clients listed;
+    server.onClientsChanged = [&](const auto& clients) {
+        listed = clients;
+        if (!listed.empty()) loop.stop();
+    };
+    constexpr std::uint16_t port = 2000;
+    if (server.start(port)) std::_Exit(3);
+    const int client = socket(AF_INET6, SOCK_STREAM, 0);
+    const timeval patience{.tv_sec = 10, .tv_usec = 0};
+    setsockopt(client, SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
+    sockaddr_in6 address{};
+    address.sin6_family = AF_INET6;
+    address.sin6_port = htons(port);
+    address.sin6_scope_id = if_nametoindex("v0");
+    inet_pton(AF_INET6, "fe80::9", &address.sin6_addr);
+    if (connect(client, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+        std::_Exit(4);
+    loop.after(10s, [&] { loop.stop(); });
+    loop.run();
+    std::_Exit(listed == Clients{{1, "fe80::9"}} ? 0 : 5);
+}
+
+TEST(TCPServerDeathTest, listsALinkLocalClientWithoutItsScope) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    if (std::system("unshare --net ip link add v0 type veth peer name v1 > /dev/null 2>&1") != 0)
+        GTEST_SKIP() << "this machine lets us make no network of our own";
+    EXPECT_EXIT(connectFromALinkLocalAddress(), testing::ExitedWithCode(0), "");
+}
+
+#endif
 
 TEST_F(TCPServerTest, acceptsAgainAfterTheHostRanOutOfDescriptors) {
     start();

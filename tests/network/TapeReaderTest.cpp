@@ -53,6 +53,36 @@ TEST_F(TapeReaderTest, goesOnWithinTheSentenceBegun) {
     EXPECT_EQ(reader.remainder(), "");
 }
 
+TEST_F(TapeReaderTest, countsTheBytesThatHaveLeft) {
+    append("abc");
+    append("def");
+    upcoming();
+    advance(4);
+    EXPECT_EQ(reader.sentBytes(), 4);
+    advance(2);
+    EXPECT_EQ(reader.sentBytes(), 6);
+}
+
+TEST_F(TapeReaderTest, countsTheSentencesThatTheTapeLetGoOf) {
+    for (const auto* text : {"ab", "cd", "ef", "gh"}) append(text);
+    EXPECT_EQ(reader.missedSentences(tape), 0);
+    append("ij");
+    EXPECT_EQ(reader.missedSentences(tape), 1) << "before the reader has looked";
+    upcoming();
+    append("kl");
+    EXPECT_EQ(reader.missedSentences(tape), 2);
+    upcoming();
+    EXPECT_EQ(reader.missedSentences(tape), 2);
+}
+
+TEST_F(TapeReaderTest, doesNotMissTheSentenceBegun) {
+    append("abc");
+    upcoming();
+    advance(1);
+    append("12345678");
+    EXPECT_EQ(reader.missedSentences(tape), 0);
+}
+
 TEST_F(TapeReaderTest, staysWhereItIsWhenNothingLeft) {
     append("abc");
     upcoming();

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
 #include <string>
 #include <thread>
 
 namespace tidewright::platform {
 namespace {
+using namespace std::chrono_literals;
 
 TEST(WorkQueueTest, runsTasksInOrderOnOneThreadOfItsOwn) {
     WorkQueue queue("test.queue");
@@ -33,6 +36,17 @@ TEST(WorkQueueTest, finishesWhatWasPostedBeforeItGoes) {
         for (int i = 0; i < 100; ++i) queue.post([&] { ++done; });
     }
     EXPECT_EQ(done, 100);
+}
+
+TEST(WorkQueueTest, waitsUntilWhatItStartedSaysThatItIsDone) {
+    WorkQueue queue("test.queue");
+    WorkQueue::Task itsDone;
+    auto waiting = std::async(std::launch::async, [&] {
+        queue.startAndWait([&](WorkQueue::Task done) { itsDone = std::move(done); });
+    });
+    EXPECT_EQ(waiting.wait_for(50ms), std::future_status::timeout);
+    queue.post([&] { itsDone(); });
+    EXPECT_EQ(waiting.wait_for(10s), std::future_status::ready);
 }
 
 TEST(WorkQueueTest, refusesToWaitForItself) {

@@ -66,6 +66,14 @@ TEST_F(AnchorSimulationTest, leavesTheShiftOutOfTheDrop) {
     EXPECT_EQ(drop().north, steady.north);
 }
 
+TEST_F(AnchorSimulationTest, shiftsTheWindFromItsFirstStepOn) {
+    settings.shiftingWind = true;
+    settings.shiftAmplitude = 90;
+    AnchorSimulation anchor = drop();
+    anchor.step(4, settings, state, now);
+    EXPECT_NEAR(windDirection(), 230 + 90 * std::sin(2 * std::numbers::pi * 4 / 120), 1e-9);
+}
+
 TEST_F(AnchorSimulationTest, settlesNearTheEndOfATautChain) {
     settings.chainTaut = false;
     AnchorSimulation anchor = drop();

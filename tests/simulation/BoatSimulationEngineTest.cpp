@@ -285,6 +285,13 @@ TEST_F(BoatSimulationEngineTest, tellsItsObserversOncePerTickAndOncePerNewStatus
     EXPECT_LT(expected, 150);
 }
 
+TEST_F(BoatSimulationEngineTest, tellsItsObserversOfNewVesselsWhileStoppedToo) {
+    std::size_t seen = 0;
+    const auto subscription = engine.observe([&] { seen = engine.traffic.targets.size(); });
+    engine.setAISTargets(3);
+    EXPECT_EQ(seen, 3U);
+}
+
 TEST_F(BoatSimulationEngineTest, movesTheVesselsInEveryMode) {
     random.numbers = {0, 1, 0, 10};
     engine.start(1);

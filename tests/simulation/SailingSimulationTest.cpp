@@ -64,7 +64,17 @@ struct SailingSimulationTest : testing::Test {
         EXPECT_EQ(boat.time, before.time);
         EXPECT_EQ(boat.theta, before.theta);
         EXPECT_EQ(boat.legElapsed, before.legElapsed);
+        EXPECT_EQ(boat.leg.sail, before.leg.sail);
         EXPECT_EQ(boat.leg.duration, before.leg.duration);
+        EXPECT_EQ(boat.currentSail, before.currentSail);
+        EXPECT_EQ(boat.legNeedsSideCheck, before.legNeedsSideCheck);
+        EXPECT_EQ(boat.side, before.side);
+        EXPECT_EQ(boat.maneuvering, before.maneuvering);
+        EXPECT_EQ(boat.maneuverSide, before.maneuverSide);
+        EXPECT_EQ(boat.maneuverIsTack, before.maneuverIsTack);
+        EXPECT_EQ(boat.thetaTarget, before.thetaTarget);
+        EXPECT_EQ(boat.tackCount, before.tackCount);
+        EXPECT_EQ(boat.gybeCount, before.gybeCount);
         EXPECT_EQ(boat.boardLength, before.boardLength);
         EXPECT_EQ(boat.boardElapsed, before.boardElapsed);
         EXPECT_EQ(boat.stw, before.stw);
@@ -396,9 +406,10 @@ TEST_F(SailingSimulationTest, refusesASecondManoeuvreAndDrawsNothingForIt) {
     EXPECT_TRUE(boat.triggerManeuver(Maneuver::gybe));
     step();
     const SailingSimulation before = boat;
-    EXPECT_FALSE(boat.triggerManeuver(Maneuver::tack));
-    EXPECT_FALSE(boat.triggerManeuver(Maneuver::gybe));
-    expectUntouched(before);
+    for (const auto refused : {Maneuver::tack, Maneuver::gybe}) {
+        EXPECT_FALSE(boat.triggerManeuver(refused));
+        expectUntouched(before);
+    }
     EXPECT_NE(boat.statusLine().find("empannage en cours"), std::string::npos);
 }
 

@@ -54,12 +54,13 @@ constexpr std::array manners{leaveCleanly, reset, closeHalf, staySilent, sendRub
 }  // namespace
 
 int churn(std::uint16_t port, int perSecond, std::chrono::seconds span) {
-    std::vector<std::jthread> clients;
+    std::vector<std::thread> clients;
     const auto begin = std::chrono::steady_clock::now();
     for (int number = 0; number < perSecond * (span / 1s); ++number) {
         std::this_thread::sleep_until(begin + number * 1s / perSecond);
         clients.emplace_back(manners[static_cast<std::size_t>(number) % manners.size()], port);
     }
+    for (auto& client : clients) client.join();
     return static_cast<int>(clients.size());
 }
 

@@ -13,7 +13,8 @@ public:
     /// Both arguments must outlive this.
     JournalingServer(platform::MainLoop& loop, Journal& journal)
         : server_(loop), journal_(journal) {
-        server_.onClientsChanged = [this](const auto& addresses) { onClientsChanged(addresses); };
+        server_.onClientsChanged = [this](const auto& clients) { onClientsChanged(clients); };
+        server_.onTraffic = [this](const auto& clients) { onTraffic(clients); };
         server_.onFailed = [this](const auto& description) { onFailed(description); };
     }
 
@@ -22,6 +23,11 @@ public:
     }
     void stop() override { server_.stop(); }
     void dropAllClients() override { server_.dropAllClients(); }
+    void drop(std::uint64_t number) override { server_.drop(number); }
+    void askForTraffic() override { server_.askForTraffic(); }
+    network::DroppedSentences droppedSentences() const override {
+        return server_.droppedSentences();
+    }
 
     void broadcast(network::SharedBytes sentence) override {
         journal_.append(*sentence);

@@ -1,10 +1,10 @@
 #include "StreamInspector.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <utility>
 
+#include "platform/DecimalNumber.h"
 #include "support/AivdmDecoder.h"
 
 namespace tidewright::soak {
@@ -33,11 +33,8 @@ const std::map<std::string, std::vector<Range>, std::less<>> ranges{
 
 bool isWithin(const Range& range, const std::vector<std::string>& fields) {
     if (range.field >= fields.size()) return false;
-    const std::string& text = fields[range.field];
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc{} && end == text.data() + text.size() && value >= range.low &&
-           value <= range.high;
+    const auto value = platform::decimalNumber(fields[range.field]);
+    return value && *value >= range.low && *value <= range.high;
 }
 
 bool isPossible(const PositionReport& report) {

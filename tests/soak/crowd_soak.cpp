@@ -202,12 +202,13 @@ void churnOnceBegun(const Options& options, const Journal& journal, std::uint16_
 int joinAsCrowd(const Options& options, const Journal& journal, std::uint16_t port) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     Crowd crowd(journal, port, options.count("--readers"), options.count("--sleepers"));
-    std::jthread passersBy;
+    std::thread passersBy;
     if (options["--churn"] > 0)
-        passersBy = std::jthread(churnOnceBegun, options, std::cref(journal), port);
+        passersBy = std::thread(churnOnceBegun, options, std::cref(journal), port);
     crowd.readAlong();
     crowd.wakeSleepers();
     print(crowd, journal, options);
+    if (passersBy.joinable()) passersBy.join();
     return crowd.faults().empty() && !journal.marks().empty() ? 0 : 1;
 }
 

@@ -45,6 +45,8 @@ LoopbackClient::LoopbackClient(std::uint16_t port, Options options)
     if (const int bytes = options.receiveBufferBytes; bytes > 0) {
         setsockopt(socket_, SOL_SOCKET, SO_RCVBUF, &bytes, sizeof bytes);
     }
+    const timeval patience{.tv_sec = patienceMilliseconds / 1000, .tv_usec = 0};
+    setsockopt(socket_, SOL_SOCKET, SO_SNDTIMEO, &patience, sizeof patience);
     const auto connectThere = options.overIPv6 ? connectOverIPv6 : connectOverIPv4;
     EXPECT_EQ(connectThere(socket_, port), 0) << std::strerror(errno);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -22,6 +23,9 @@ public:
     void stop() override {}
     void broadcast(network::SharedBytes sentence) override { reader_(*sentence); }
     void dropAllClients() override {}
+    void drop(std::uint64_t) override {}
+    void askForTraffic() override {}
+    network::DroppedSentences droppedSentences() const override { return {}; }
 
 private:
     Reader reader_;
@@ -32,6 +36,7 @@ struct SilentSender final : network::DatagramSender {
     void start(const std::string&, std::uint16_t) override {}
     void send(network::SharedBytes) override {}
     void stop() override {}
+    network::DroppedSentences droppedSentences() const override { return {}; }
 };
 
 /// For one gateway without a network, whose stream goes to `reader`. At home in UTC.

@@ -22,6 +22,7 @@ public:
     std::vector<Destination> starts;     ///< one for every start()
     int stops = 0;                       ///< calls of stop() by the owner
     std::vector<std::string> sentences;  ///< one for every send(), in order
+    DroppedSentences drops;              ///< the answer of droppedSentences()
     bool running = false;                ///< between a start() and the next stop()
 
     void start(const std::string& broadcast, std::uint16_t port) override {
@@ -35,6 +36,8 @@ public:
         ++stops;
         running = false;
     }
+
+    DroppedSentences droppedSentences() const override { return drops; }
 
     /// The sentences since the last call, which they leave.
     std::vector<std::string> takeSentences() { return std::exchange(sentences, {}); }

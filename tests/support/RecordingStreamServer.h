@@ -11,14 +11,17 @@
 namespace tidewright::network {
 
 /// A stream server without sockets that keeps what it was given. What a real one would report, a
-/// test reports itself, through onClientsChanged and onFailed: nothing is called from here.
+/// test reports itself, through its callbacks: nothing is called from here.
 class RecordingStreamServer final : public StreamServer {
 public:
     std::optional<StartFailure> startFailure;  ///< the answer of the next starts
     std::vector<std::uint16_t> startedPorts;   ///< one for every start(), failed ones included
     int stops = 0;                             ///< calls of stop() by the owner
     int dropAllClientsCalls = 0;
+    std::vector<std::uint64_t> dropped;  ///< one for every drop(), in order
+    int askForTrafficCalls = 0;
     std::vector<std::string> sentences;  ///< one for every broadcast(), in order
+    DroppedSentences drops;              ///< the answer of droppedSentences()
     bool running = false;                ///< between a start() that succeeded and the next stop()
 
     std::optional<StartFailure> start(std::uint16_t port) override {
@@ -35,6 +38,12 @@ public:
     void broadcast(SharedBytes sentence) override { sentences.push_back(*sentence); }
 
     void dropAllClients() override { ++dropAllClientsCalls; }
+
+    void drop(std::uint64_t number) override { dropped.push_back(number); }
+
+    void askForTraffic() override { ++askForTrafficCalls; }
+
+    DroppedSentences droppedSentences() const override { return drops; }
 
     /// The sentences since the last call, which they leave.
     std::vector<std::string> takeSentences() { return std::exchange(sentences, {}); }

@@ -18,6 +18,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).parents[1] / "support"))
 from measures import cpu_seconds, descriptor_count, free_port, resident_mib  # noqa: E402, F401
 
 PROGRAM = os.environ["TIDEWRIGHT_PROGRAM"]
+EMULATOR = os.environ.get("TIDEWRIGHT_EMULATOR", "").split()  # runs it if made for another machine
 PATIENCE = 20.0  # seconds that anything here may take before the test fails
 
 
@@ -27,7 +28,7 @@ class Program:
 
     def __init__(self, *arguments, env=None, prefix=(), before=None):
         self.process = subprocess.Popen(
-            [*prefix, PROGRAM, *arguments],
+            [*prefix, *EMULATOR, PROGRAM, *arguments],
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,

@@ -1,12 +1,16 @@
 """What the program says on a terminal, and how it ends."""
 
 import os
+import pathlib
 import resource
+import shutil
 import subprocess
+import tempfile
 import unittest
 
 from program import PROGRAM, Program, free_port, french_locale, main
 
+WITHOUT_PROC = ("unshare", "--mount", "sh", "-c", 'mount -t tmpfs none /proc && exec "$0"')
 SANITIZED = bool(os.environ.get("TIDEWRIGHT_SANITIZED"))
 LANGUAGES = {"C": {"LC_ALL": "C", "LANG": "C"}, "C.UTF-8": {"LC_ALL": "C.UTF-8", "LANG": "C.UTF-8"}}
 
@@ -65,15 +69,30 @@ class Banner(unittest.TestCase):
             self.assertTrue(errors.endswith(
                 f"\nERREUR : Mémoire insuffisante pour {count} cibles AIS.\n"), errors)
 
+    def assert_ends_with_one_line(self, line, limit, most, *options):
+        done = subprocess.run(
+            [PROGRAM, "--headless", *options], capture_output=True, timeout=60,
+            preexec_fn=lambda: resource.setrlimit(limit, (most, most)))
+        self.assertEqual(done.returncode, 1, done.stderr)
+        self.assertEqual(done.stderr.decode().splitlines()[-1], line)
+        self.assertEqual(done.stderr.count(b"ERREUR"), 1)
+
     @unittest.skipIf(SANITIZED, "sanitizers need the address space")
     def test_a_fleet_beyond_the_memory_it_may_have_ends_it_with_one_line(self):
-        limit = 512 * 1024 * 1024
-        done = subprocess.run(
-            [PROGRAM, "--headless", "--no-tcp", "--ais", "3000000"], capture_output=True, timeout=60,
-            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (limit, limit)))
-        self.assertEqual(done.returncode, 1)
-        self.assertTrue(done.stderr.decode().endswith(
-            "\nERREUR : Mémoire insuffisante pour 3000000 cibles AIS.\n"), done.stderr)
+        for count, line in (("3500000", "ERREUR : Mémoire insuffisante pour 3500000 cibles AIS."),
+                            ("2000000", "ERREUR : Mémoire insuffisante."),
+                            ("1000000", "ERREUR : Mémoire insuffisante.")):
+            with self.subTest(count):
+                self.assert_ends_with_one_line(line, resource.RLIMIT_AS, 512 * 1024 * 1024,
+                                               "--no-tcp", "--ais", count)
+
+    @unittest.skipIf(SANITIZED, "sanitizers need descriptors of their own")
+    def test_too_few_descriptors_to_begin_with_end_it_with_one_line(self):
+        for most in range(4, 13):
+            with self.subTest(most):
+                self.assert_ends_with_one_line(
+                    "ERREUR : Trop de fichiers et de connexions ouverts : le système n'en accorde "
+                    "plus.", resource.RLIMIT_NOFILE, most, "--tcp-port", str(free_port()))
 
 
 class Help(unittest.TestCase):
@@ -85,22 +104,54 @@ class Help(unittest.TestCase):
         self.assertEqual((status, errors), (0, ""))
         self.assertRegex(out, r"^Tidewright \d+\.\d+\.\d+\n$")
 
+    @unittest.skipUnless(os.path.exists("/dev/full"), "this machine has no full disk to offer")
+    def test_a_full_disk_is_a_failure(self):
+        for option in ("--help", "--version"):
+            with self.subTest(option), open("/dev/full", "wb") as full:
+                done = subprocess.run([PROGRAM, option], stdout=full, stderr=subprocess.PIPE,
+                                      timeout=20, check=False)
+                self.assertEqual(done.returncode, 1)
+
     def test_headless_wins_over_help(self):
         with Program("--help", "--headless", "--tcp-port", str(free_port())) as program:
             program.read_errors_until("Ctrl-C")
 
 
+def procfs_can_be_hidden():
+    """Whether this machine lets us run a program that cannot read /proc."""
+    return subprocess.run([*WITHOUT_PROC, "true"], stderr=subprocess.DEVNULL,
+                          check=False).returncode == 0
+
+
 class Window(unittest.TestCase):
-    def test_where_the_window_is_missing_it_names_the_other_way(self):
-        alone = os.path.join(os.path.dirname(PROGRAM), "alone")
-        os.makedirs(alone, exist_ok=True)
-        copy = os.path.join(alone, "tidewright")
-        subprocess.run(["cp", PROGRAM, copy], check=True)
-        done = subprocess.run([copy], capture_output=True, timeout=20, text=True)
+    def setUp(self):
+        alone = tempfile.TemporaryDirectory()
+        self.addCleanup(alone.cleanup)
+        self.folder = pathlib.Path(alone.name)
+        self.copy = self.folder / "tidewright"
+        shutil.copy(PROGRAM, self.copy)
+
+    def assert_names_the_other_way(self, done):
         self.assertEqual(done.returncode, 1)
         self.assertEqual(done.stdout, "")
         self.assertEqual(len(done.stderr.splitlines()), 1)
         self.assertIn("--headless", done.stderr)
+
+    def test_where_the_window_is_missing_it_names_the_other_way(self):
+        self.assert_names_the_other_way(
+            subprocess.run([self.copy], capture_output=True, timeout=20, text=True, check=False))
+
+    @unittest.skipIf(SANITIZED, "sanitizers read /proc")
+    @unittest.skipUnless(procfs_can_be_hidden(), "this machine does not let us hide /proc")
+    def test_without_proc_it_runs_nothing_from_the_current_folder(self):
+        elsewhere = self.folder / "elsewhere"
+        elsewhere.mkdir()
+        strange = elsewhere / "tidewright-window"
+        strange.write_text("#!/bin/sh\necho strange\n")
+        strange.chmod(0o755)
+        self.assert_names_the_other_way(
+            subprocess.run([*WITHOUT_PROC, self.copy], cwd=elsewhere, capture_output=True,
+                           timeout=20, text=True, check=False))
 
 
 if __name__ == "__main__":

@@ -9,7 +9,7 @@ import subprocess
 import sys
 import unittest
 
-from program import (PROGRAM, Client, Program, connect, free_port, french_locale,
+from program import (EMULATOR, PROGRAM, Client, Program, connect, free_port, french_locale,
                      has_right_checksum, main)
 
 SECONDS = 12
@@ -111,12 +111,12 @@ ip link set boat0 up
 ip link set quay0 up
 {sys.executable} -c '{receiver}' &
 receiver=$!
-"$0" --headless --no-tcp --udp-port 2001 & program=$!
+"$0" "$@" --headless --no-tcp --udp-port 2001 & program=$!
 wait $receiver
 kill $program
 """
         done = subprocess.run(
-            ["unshare", "--net", "bash", "-c", script, PROGRAM],
+            ["unshare", "--net", "bash", "-c", script, *EMULATOR, PROGRAM],
             capture_output=True, timeout=60, text=True)
         datagrams = [ast.literal_eval(line) for line in done.stdout.splitlines()[1:]]
         self.assertEqual(len(datagrams), 60, done.stderr)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace tidewright::ui {
 namespace {
 
@@ -15,6 +17,21 @@ TEST(DialTextTest, setsTheUnitApart) {
 
 TEST(DialTextTest, attachesADegreeSign) {
     EXPECT_EQ(dialText("%.0f", -180, "°"), QString::fromUtf8("-180°"));
+}
+
+double number(const char* text, const char* unit) {
+    return DialText::number(QString::fromUtf8(text), QString::fromUtf8(unit));
+}
+
+TEST(DialTextTest, readsANumberWithPointOrCommaAndItsUnit) {
+    EXPECT_EQ(number("12.5", "nd"), 12.5);
+    EXPECT_EQ(number(" -12,5 nd ", "nd"), -12.5);
+    EXPECT_EQ(number("42°", "°"), 42);
+}
+
+TEST(DialTextTest, readsNothingElse) {
+    for (const char* text : {"", "nd", "1e1", "1.", ".5", "1 2", "inf", "nan", "12 m"})
+        EXPECT_TRUE(std::isnan(number(text, "nd"))) << text;
 }
 
 }  // namespace

@@ -9,6 +9,8 @@
 #include "platform/SystemRandom.h"
 #include "platform/VirtualMainLoop.h"
 #include "simulation/BoatSimulationEngine.h"
+#include "simulation/EarthModel.h"
+#include "support/NumberedClients.h"
 #include "support/PretendHost.h"
 #include "ui/ConfigBridge.h"
 #include "ui/EngineBridge.h"
@@ -37,7 +39,7 @@ public:
     Q_INVOKABLE void connectClients(const QStringList& addresses) {
         std::vector<std::string> list;
         for (const QString& each : addresses) list.push_back(each.toStdString());
-        host.tcp->onClientsChanged(list);
+        host.tcp->onClientsChanged(network::numberedClients(list));
         advance(50);
     }
     Q_INVOKABLE void failListening() {
@@ -46,10 +48,28 @@ public:
     }
     Q_INVOKABLE void log(const QString& transport, const QString& text) {
         simulator.log(transport.toStdString(), text.toStdString());
-        advance(50);
+        advance(200);
+    }
+    /// The same, for lines that come within one batch.
+    Q_INVOKABLE void logQuietly(const QString& transport, const QString& text) {
+        simulator.log(transport.toStdString(), text.toStdString());
+    }
+    /// One vessel alone, so many metres from where the boat is now.
+    Q_INVOKABLE void putVessel(const QString& name, double east, double north) {
+        const simulation::BoatState& boat = engine.state;
+        simulation::AISTarget vessel;
+        vessel.name = name.toStdString();
+        vessel.latitude = boat.latitude + north / simulation::metresPerDegreeOfLatitude;
+        vessel.longitude =
+            boat.longitude + east / simulation::metresPerDegreeOfLongitude(boat.latitude);
+        engine.traffic.targets = {vessel};
+        engine.notify();
     }
     Q_INVOKABLE int targetCount() const { return static_cast<int>(engine.traffic.targets.size()); }
     Q_INVOKABLE int dropAllClientsCalls() const { return host.tcp->dropAllClientsCalls; }
+    Q_INVOKABLE QList<int> droppedClients() const {
+        return {host.tcp->dropped.begin(), host.tcp->dropped.end()};
+    }
     Q_INVOKABLE QString clipboard() const { return QString::fromStdString(host.clipboard); }
 
     platform::VirtualMainLoop loop;
@@ -64,7 +84,7 @@ private:
     EngineBridge engineBridge_{engine};
     ConfigBridge configBridge_{config};
     FailureBridge failureBridge_{failure};
-    SimulatorBridge simulatorBridge_{simulator, config, loop,
+    SimulatorBridge simulatorBridge_{simulator, config, failure, loop,
                                      [this](const std::string& text) { host.clipboard = text; }};
 };
 

@@ -15,6 +15,16 @@ Item {
     property bool showConsole: false
     property bool copied: false
 
+    /// Unfolds the panel of faults and brings it into sight, with the keyboard on it.
+    function showFaults() {
+        showConsole = true;
+        pane.showGrown(log);
+        Qt.callLater(() => {
+            log.faults.forceActiveFocus(Qt.TabFocusReason);
+            pane.show(log.faults);
+        });
+    }
+
     readonly property bool twoColumns: width >= Pel.twoColumnWidth
 
     ColumnLayout {
@@ -24,6 +34,8 @@ Item {
         HeaderBar {
             Layout.fillWidth: true
             simulator: root.simulator
+            failure: root.failure
+            onFaultsRequested: root.showFaults()
         }
 
         ScrollPane {
@@ -86,6 +98,7 @@ Item {
                     Layout.columnSpan: root.twoColumns ? 2 : 1
                     failure: root.failure
                     simulator: root.simulator
+                    viewHeight: pane.height
                     open: root.showConsole
                     onToggled: {
                         root.showConsole = !root.showConsole;

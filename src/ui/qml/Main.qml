@@ -14,7 +14,7 @@ Window {
     width: Math.min(Pel.windowWidth, Screen.desktopAvailableWidth)
     height: Math.min(Pel.windowHeight, Screen.desktopAvailableHeight)
     minimumWidth: Pel.minimumWidth
-    minimumHeight: Pel.minimumHeight
+    minimumHeight: Math.min(Pel.minimumHeight, Screen.desktopAvailableHeight)
     visible: true
     color: Pel.canvas
     title: "Tidewright"

@@ -12,6 +12,7 @@ class NmeaClient:
         self.socket.settimeout(None)
         self.lines = []
         self.closed = threading.Event()
+        self.was_reset = False
         threading.Thread(target=self._read, daemon=True).start()
 
     def _read(self):
@@ -22,7 +23,7 @@ class NmeaClient:
                 now = time.monotonic()
                 self.lines += [(now, line.decode("ascii")) for line in whole]
         except OSError:
-            pass
+            self.was_reset = True
         self.closed.set()
 
     def close(self):

@@ -4,6 +4,7 @@ Controls are found by their French labels. Nothing here sleeps for a fixed time:
 is looked for until it comes or the time is up.
 """
 import os
+import re
 import signal
 import subprocess
 import time
@@ -17,6 +18,8 @@ from gi.repository import Atspi, GLib  # noqa: E402
 warnings.filterwarnings("ignore", category=DeprecationWarning)
 
 TITLE = "Tidewright"
+PIECES = {"label", "heading", "push button", "radio button", "check box", "slider", "spin button",
+          "text", "alert"}
 
 
 class NotFound(AssertionError):
@@ -53,8 +56,7 @@ class ControlWindow:
     def end(self, number=signal.SIGTERM):
         """Asks the program to end; its exit status and what it said on standard error."""
         self.process.send_signal(number)
-        _, said = self.process.communicate(timeout=self.timeout)
-        return self.process.returncode, said.decode()
+        return self.wait()
 
     # Waiting and finding
 
@@ -151,8 +153,28 @@ class ControlWindow:
         self.until(lambda: self.state(name, "focused", role), f"the focus on {name!r}")
 
     def click(self, name, role=None):
-        box = self.find(name, role).get_extents(Atspi.CoordType.SCREEN)
-        xdotool("mousemove", "--sync", box.x + box.width // 2, box.y + box.height // 2, "click", 1)
+        self.click_at(*self.centre(name, role))
+
+    def click_at(self, x, y, times=1):
+        xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, 1)
+
+    def drag(self, start, end):
+        """From one place on the screen to another, with the button held."""
+        xdotool("mousemove", *start, "mousedown", 1)
+        for share in (0.3, 0.6, 1):
+            xdotool("mousemove", "--sync",
+                    *(round(a + share * (b - a)) for a, b in zip(start, end)))
+        xdotool("mouseup", 1)
+
+    def wheel(self, place, notches):
+        """Down by so many notches; up when negative."""
+        xdotool("mousemove", *place, "click", "--repeat", abs(notches), "--delay", 20,
+                5 if notches > 0 else 4)
+
+    def paste(self, text):
+        """Over what the field with the keyboard holds."""
+        subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), check=True)
+        self.keys("ctrl+a", "ctrl+v")
 
     def type(self, name, text):
         """Types over what a field holds, and leaves it."""
@@ -200,7 +222,41 @@ class ControlWindow:
                     found.append((node.get_extents(Atspi.CoordType.SCREEN).y, node.get_name()))
             except GLib.Error:
                 continue
-        return [text for _, text in sorted(found)]
+        return [text for _, text in sorted(found) if text.strip()]  # a row may change meanwhile
+
+    def box(self, name, role=None):
+        """Left, top, width and height on the screen."""
+        self.root.clear_cache()
+        box = self.find(name, role).get_extents(Atspi.CoordType.SCREEN)
+        return box.x, box.y, box.width, box.height
+
+    def centre(self, name, role=None):
+        left, top, width, height = self.box(name, role)
+        return left + width // 2, top + height // 2
+
+    def focused(self):
+        """The name of the control that has the keyboard."""
+        self.root.clear_cache()
+        for node in self.walk():
+            try:
+                if {"focused", "showing"} <= states(node) and node.get_role_name() != "frame":
+                    return node.get_name()
+            except GLib.Error:
+                continue
+        return None
+
+    def pieces(self):
+        """Texts and controls in sight: their names and boxes."""
+        self.root.clear_cache()
+        found = []
+        for node in self.walk():
+            try:
+                if node.get_role_name() in PIECES and "showing" in states(node) and node.get_name():
+                    box = node.get_extents(Atspi.CoordType.SCREEN)
+                    found.append((node.get_name(), (box.x, box.y, box.width, box.height)))
+            except GLib.Error:
+                continue
+        return found
 
     # The window itself
 
@@ -212,6 +268,33 @@ class ControlWindow:
     def resize(self, width, height):
         window = self.window_id()
         xdotool("windowsize", "--sync", window, width, height)
+
+    def pixels(self, left, top, width, height):
+        """Three bytes each."""
+        return subprocess.run(
+            ["import", "-window", self.window_id(), "-crop", f"{width}x{height}+{left}+{top}",
+             "-depth", "8", "rgb:-"], capture_output=True, check=True).stdout
+
+    def smallest_size(self):
+        """What the window asks the desktop never to go below."""
+        said = subprocess.run(["xprop", "-id", self.window_id(), "WM_NORMAL_HINTS"],
+                              capture_output=True, text=True, check=True).stdout
+        return tuple(map(int, re.search(r"minimum size: (\d+) by (\d+)", said).groups()))
+
+    def close(self):
+        """Presses the button that a desktop puts on a window's frame."""
+        from Xlib import X, display, protocol
+        screen = display.Display()
+        window = screen.create_resource_object("window", int(self.window_id()))
+        data = (32, [screen.intern_atom("WM_DELETE_WINDOW"), X.CurrentTime, 0, 0, 0])
+        window.send_event(protocol.event.ClientMessage(
+            window=window, client_type=screen.intern_atom("WM_PROTOCOLS"), data=data))
+        screen.flush()
+
+    def wait(self):
+        """For the program's end; its exit status and what it said on standard error."""
+        _, said = self.process.communicate(timeout=self.timeout)
+        return self.process.returncode, said.decode()
 
     def shoot(self, path):
         subprocess.run(["import", "-window", self.window_id(), path], check=True)

@@ -2,77 +2,22 @@
 """window_test.py PROGRAM LOCALE: uses the control window as a person would, and watches as a client
 of the gateway what comes of it. Run it through session.sh."""
 import os
-import pathlib
 import re
 import signal
 import socket
 import subprocess
-import sys
-import tempfile
 import time
 import unittest
 
-sys.path.insert(0, str(pathlib.Path(__file__).parents[2] / "support"))
-from measures import free_port  # noqa: E402
-from nmea_client import NmeaClient, checksum_holds, family  # noqa: E402
-from window_driver import ControlWindow, clipboard, xdotool  # noqa: E402
+import window_case
+from nmea_client import NmeaClient, checksum_holds, family
+from window_case import WindowCase
+from window_driver import clipboard
 
-PROGRAM, LOCALE = "", "C.UTF-8"
 ADVICE = "Le réseau NMEA émet."
 
 
-def environment():
-    """The desktop's language; where the machine does not know it, compiled for this run."""
-    chosen = {"LANG": LOCALE, "LC_ALL": LOCALE}
-    if LOCALE.startswith("fr_FR"):
-        folder = os.path.join(os.environ["XDG_RUNTIME_DIR"], "locale")
-        os.makedirs(folder, exist_ok=True)
-        subprocess.run(["localedef", "-i", "fr_FR", "-f", "UTF-8", f"{folder}/{LOCALE}"],
-                       check=True)
-        chosen["LOCPATH"] = folder
-    return chosen
-
-
-class WindowTest(unittest.TestCase):
-    def setUp(self):
-        self.window = ControlWindow(PROGRAM, environment())
-        self.addCleanup(self.window.__exit__)
-        self.port = free_port()
-
-    def tearDown(self):
-        if self.window.process.poll() is None:
-            status, said = self.window.end()
-            self.assertEqual((status, said), (0, ""))
-
-    # Words of the tests
-
-    def start(self):
-        self.window.press("Réglages avancés")
-        self.window.type("Port TCP", str(self.port))
-        self.window.until(lambda: self.window.field("Port TCP") == str(self.port), "the port")
-        self.window.press("Réglages avancés")
-        self.window.press("Démarrer l'émission")
-        self.window.find("Arrêter l'émission")
-
-    def connect(self):
-        client = NmeaClient(self.port)
-        self.addCleanup(client.close)
-        return client
-
-    def eventually(self, what, label, timeout=None):
-        return self.window.until(what, label, timeout)
-
-    def says(self, text):
-        return any(text in each for each in self.window.texts())
-
-    def arrives(self, client, *families):
-        """Waits until each of these families came, from now on."""
-        start = time.monotonic()
-        self.eventually(lambda: set(families) <= {family(x) for x in client.since(start)},
-                        f"{families}")
-
-    # The tests
-
+class WindowTest(WindowCase):
     def test_starts_shows_the_address_and_stops(self):
         self.eventually(lambda: self.says("Démarrez la simulation"), "the invitation")
         self.start()
@@ -250,10 +195,14 @@ class WindowTest(unittest.TestCase):
                 self.eventually(lambda: self.window.field(field) == port, f"{label}: {field}")
             self.eventually(lambda: self.window.state(talker, "checked"), f"{label}: {talker}")
 
-    def test_refuses_what_is_no_port(self):
+    def test_starts_on_the_last_port_where_what_was_typed_is_none(self):
         self.window.press("Réglages avancés")
+        self.window.type("Port TCP", str(self.port))
         self.window.type("Port TCP", "70000")
-        self.eventually(lambda: self.window.field("Port TCP") == "2000", "the last port")
+        self.window.find(f"Un port va de 0 à 65535, {self.port} reste en vigueur.")
+        self.window.press("Démarrer l'émission")
+        self.window.find("Arrêter l'émission")
+        self.connect()
 
     def test_says_that_the_port_is_taken(self):
         with socket.socket() as other:
@@ -269,16 +218,7 @@ class WindowTest(unittest.TestCase):
         self.window.find("Arrêter l'émission")
         self.assertFalse(self.says("déjà utilisé"))
 
-    def test_is_used_with_the_keyboard_alone(self):
-        self.window.focus_window()
-        self.window.focus("Démarrer l'émission")
-        self.window.keys("space")
-        self.window.find("Arrêter l'émission")
-        self.window.focus("Auto")
-        self.window.keys("Right")
-        self.eventually(lambda: self.window.state("Manuel", "checked"), "manual mode")
-
-    def test_ends_when_its_window_is_closed_or_it_is_interrupted(self):
+    def test_ends_when_it_is_interrupted(self):
         self.start()
         self.assertEqual(self.window.end(signal.SIGINT), (0, ""))
 
@@ -288,7 +228,7 @@ class NoDisplayTest(unittest.TestCase):
         for display in ({}, {"DISPLAY": ":4242"}):
             surroundings = {k: v for k, v in os.environ.items()
                             if k not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-            done = subprocess.run([PROGRAM], env=surroundings | display, capture_output=True,
+            done = subprocess.run([window_case.program], env=surroundings | display, capture_output=True,
                                   timeout=20)
             said = done.stderr.decode()
             self.assertEqual((done.returncode, said.count("\n")), (1, 1), said)
@@ -296,5 +236,4 @@ class NoDisplayTest(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    PROGRAM, LOCALE = sys.argv[1:3]
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2, warnings="ignore")
+    window_case.main()

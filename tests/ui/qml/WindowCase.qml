@@ -69,6 +69,54 @@ TestCase {
         return texts(item).some(each => each.includes(text));
     }
 
+    /// Where in `view` an item can be seen; null where it cannot.
+    function seenRect(view: Item, item: Item): var {
+        const at = item.mapToItem(view, 0, 0);
+        let [left, top, right, bottom] = [at.x, at.y, at.x + item.width, at.y + item.height];
+        for (let each = item.parent; each && each !== view; each = each.parent) {
+            if (!each.clip)
+                continue;
+            const edge = each.mapToItem(view, 0, 0);
+            left = Math.max(left, edge.x);
+            top = Math.max(top, edge.y);
+            right = Math.min(right, edge.x + each.width);
+            bottom = Math.min(bottom, edge.y + each.height);
+        }
+        return right - left > 1 && bottom - top > 1 ? {left, top, right, bottom} : null;
+    }
+
+    function isInside(item: Item, other: Item): bool {
+        for (let each = item; each; each = each.parent)
+            if (each === other)
+                return true;
+        return false;
+    }
+
+    /// Pairs of texts and controls of which one is drawn over the other, in words.
+    function overlaps(view: Item): var {
+        const pieces = [];
+        each(view, item => {
+            const isControl = item.visualFocus !== undefined || item.editingFinished !== undefined;
+            const isText = item.lineCount !== undefined && item.text !== "";
+            if (!item.visible || item.allowedToOverlap || !(isControl || isText))
+                return;
+            const rect = seenRect(view, item);
+            if (rect)
+                pieces.push({item, rect, name: item.text || item.Accessible.name});
+        });
+        const found = [];
+        for (let i = 0; i < pieces.length; ++i) {
+            for (let j = i + 1; j < pieces.length; ++j) {
+                const [a, b] = [pieces[i], pieces[j]];
+                const width = Math.min(a.rect.right, b.rect.right) - Math.max(a.rect.left, b.rect.left);
+                const height = Math.min(a.rect.bottom, b.rect.bottom) - Math.max(a.rect.top, b.rect.top);
+                if (width > 1 && height > 1 && !isInside(a.item, b.item) && !isInside(b.item, a.item))
+                    found.push(a.name + " / " + b.name);
+            }
+        }
+        return found;
+    }
+
     function press(item: Item, name: string) {
         const found = control(item, name);
         mouseClick(found);

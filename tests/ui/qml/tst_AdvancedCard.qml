@@ -36,6 +36,34 @@ WindowCase {
         compare(bench.config.tcpPort, "2000");
     }
 
+    function test_marksAPresetThatWasModifiedSince() {
+        const card = make(cards);
+        verify(!shows(card, "modifié"));
+        press(card, "GN");
+        verify(shows(card, "modifié"));
+        press(card, "GP");
+        verify(!shows(card, "modifié"));
+        bench.config.enterTcpPort("1");
+        verify(control(card, "Digital Yacht iKonvert / WLN10").Accessible.description.endsWith("· modifié"));
+        press(card, "MiniPlex 3Wi");
+        verify(!shows(card, "modifié"));
+    }
+
+    function test_movesBetweenPresetsWithTheArrowsAndAppliesWithEnter() {
+        const card = make(cards, {width: 900});
+        control(card, "Digital Yacht iKonvert / WLN10").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Right);
+        verify(control(card, "Yacht Devices YDWG-02").activeFocus);
+        compare(bench.config.preset, "digital-yacht");
+        keyClick(Qt.Key_Return);
+        compare(bench.config.preset, "yacht-devices");
+        keyClick(Qt.Key_Tab);
+        verify(control(card, "TCP").activeFocus);
+        keyClick(Qt.Key_Backtab);
+        verify(control(card, "Yacht Devices YDWG-02").activeFocus);
+    }
+
     function test_switchesTheOutputs() {
         const card = make(cards);
         press(card, "TCP");
@@ -62,6 +90,7 @@ WindowCase {
             slider.value = 10;
             compare(bench.config[rate], 10, label);
             compare(slider.valueText, "10.0 Hz");
+            compare(control(card, "Cadence : " + label + " (valeur)").text, "10.0 Hz");
         }
     }
 
@@ -78,9 +107,10 @@ WindowCase {
         const card = make(cards);
         bench.simulator.start();
         verify(shows(card, "Arrêtez l'émission"));
-        for (const each of ["NKE Wifi Box", "Port TCP", "Port UDP", "GN", "Cap (HDT, HDG)", "Cadence : Cap (HDT, HDG)"])
+        for (const each of ["NKE Wifi Box", "Port TCP", "Port UDP", "Cap (HDT, HDG)", "Cadence : Cap (HDT, HDG)"])
             verify(!control(card, each).enabled, each);
-        verify(control(card, "Cibles AIS").enabled);
+        for (const each of ["Cibles AIS", "GN"])
+            verify(control(card, each).enabled, each);
         bench.simulator.stop();
         verify(control(card, "NKE Wifi Box").enabled);
         verify(!shows(card, "Arrêtez l'émission"));

@@ -86,6 +86,18 @@ WindowCase {
         compare(tile.implicitWidth, width);
     }
 
+    function test_aTilesDegreesAreAsLargeAsItsDigits() {
+        const tile = make(tiles, {value: "40", unit: "° tribord"});
+        const sizes = {};
+        each(tile, child => {
+            if (child.visible && child.text)
+                sizes[child.text] = child.font.pixelSize;
+        });
+        compare(sizes["40°"], Pel.valueSize);
+        compare(sizes["tribord"], Pel.captionSize);
+        compare(tile.Accessible.description, "40 ° tribord");
+    }
+
     function test_aDotPulsesOnlyWhenToldTo() {
         const dot = make(dots);
         verify(!dot.on);
@@ -96,19 +108,21 @@ WindowCase {
         verify(!dot.on);
     }
 
-    function test_buttonsArePressedWithMouseAndSpace_data() {
+    function test_buttonsArePressedWithMouseSpaceAndEnter_data() {
         return [{tag: "filled", button: primary}, {tag: "outlined", button: ghost}];
     }
 
-    function test_buttonsArePressedWithMouseAndSpace(data) {
+    function test_buttonsArePressedWithMouseSpaceAndEnter(data) {
         const button = make(data.button);
         button.forceActiveFocus(Qt.TabFocusReason);
         verify(button.visualFocus);
         keyClick(Qt.Key_Space);
+        keyClick(Qt.Key_Return);
+        keyClick(Qt.Key_Enter);
         mouseClick(button);
-        compare(button.presses, 2);
+        compare(button.presses, 4);
         button.enabled = false;
         mouseClick(button);
-        compare(button.presses, 2);
+        compare(button.presses, 4);
     }
 }

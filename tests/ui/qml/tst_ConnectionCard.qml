@@ -42,6 +42,38 @@ WindowCase {
         verify(shows(card, "UDP broadcast"));
     }
 
+    function test_unfoldsEveryClientAndDropsTheOneThatItIsToldTo() {
+        const card = make(cards);
+        bench.simulator.start();
+        verify(!shows(card, "Déconnecter"));
+        bench.connectClients(["10.0.0.2", "10.0.0.3"]);
+        waitForRendering(card);
+        press(card, "Détail des clients");
+        verify(shows(card, "10.0.0.3"));
+        bench.advance(64000);
+        verify(shows(card, "depuis 1 min 04 s · 0 o reçus"));
+        waitForRendering(card);
+        let second = null;
+        each(card, item => {
+            if (item.text === "Déconnecter" && item.Accessible.description === "10.0.0.3")
+                second = item;
+        });
+        mouseClick(second);
+        compare(bench.droppedClients(), [2]);
+    }
+
+    function test_keepsTheKeyboardOnAClientWhileOthersComeAndGo() {
+        const card = make(cards);
+        bench.simulator.start();
+        bench.connectClients(["10.0.0.2"]);
+        press(card, "Détail des clients");
+        const button = control(card, "Déconnecter");
+        button.forceActiveFocus(Qt.TabFocusReason);
+        bench.connectClients(["10.0.0.2", "10.0.0.3"]);
+        bench.advance(2000);
+        verify(button.activeFocus);
+    }
+
     function test_copiesTheAddressAndSaysSoForAMoment() {
         const card = make(cards);
         bench.simulator.start();

@@ -122,6 +122,37 @@ WindowCase {
         });
     }
 
+    function test_scrollsThePageWithTheWheelOverTheChart() {
+        const view = make(views);
+        view.height = 600;
+        waitForRendering(view);
+        const pane = findChild(view, "scrollPane");
+        const chart = findChild(view, "chart");
+        mouseWheel(chart, 60, 20, 0, -120, Qt.NoButton, Qt.ControlModifier);
+        verify(!chart.automatic);
+        compare(pane.contentY, 0);
+        mouseWheel(chart, 60, 20, 0, -120);
+        tryVerify(() => pane.contentY > 0);
+    }
+
+    function test_paintsTheChartOnlyWhileItIsInSight() {
+        const view = make(views);
+        view.height = 700;
+        view.showAdvanced = true;
+        waitForRendering(view);
+        const pane = findChild(view, "scrollPane");
+        const chart = findChild(view, "chart");
+        chart.fit();
+        verify(isPolishScheduled(chart));
+        waitForItemPolished(chart);
+        pane.contentY = pane.contentHeight - pane.height;
+        bench.putVessel("IROISE", 3000, 0);
+        chart.fit();
+        verify(!isPolishScheduled(chart));
+        pane.contentY = 0;
+        tryVerify(() => shows(view, "IROISE"), 3000);
+    }
+
     function test_nothingIsWiderThanTheWindow_data() {
         return [{width: 400}, {width: 700}, {width: 800}, {width: 1400}];
     }
@@ -149,7 +180,7 @@ WindowCase {
             seen.push(view.Window.activeFocusItem.Accessible.name);
             keyClick(Qt.Key_Tab);
         }
-        const expected = ["Auto", "Enchaîné", "Brise", "% de polaire", "Paliers d'équipage", "Réglages avancés", "Console NMEA", "Démarrer l'émission", "Auto"];
+        const expected = ["Auto", "Enchaîné", "Brise", "% de polaire (valeur)", "% de polaire", "Paliers d'équipage", "Réglages avancés", "Console NMEA", "Démarrer l'émission", "Agrandir", "Réduire", "Cadrage automatique", "Auto"];
         compare(seen.slice(0, expected.length), expected);
     }
 }

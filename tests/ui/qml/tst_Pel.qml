@@ -24,6 +24,16 @@ TestCase {
                 verify(contrast(Pel[text], Pel[ground]) >= 4.5, text + " on " + ground);
     }
 
+    function test_whatCanBeUsedStandsOutFromEveryGround() {
+        for (const ground of ["canvas", "panel", "panelAlt"])
+            verify(contrast(Pel.outline, Pel[ground]) >= 3, "outline on " + ground);
+    }
+
+    function test_textCanBeReadWhereItIsSelectedOrChosen() {
+        for (const text of ["ink", "brand", "cyan"])
+            verify(contrast(Pel[text], Pel.selection) >= 4.5, text);
+    }
+
     function test_textCanBeReadOnFilledButtons() {
         verify(contrast(Pel.onBrand, Pel.brand) >= 4.5);
         verify(contrast(Pel.onBrand, Pel.danger) >= 4.5);

@@ -2,20 +2,23 @@ import QtQuick
 import Tidewright
 
 WindowCase {
+    id: root
+
     name: "PortField"
 
     Component {
-        id: fields
+        id: sections
 
-        PortField {
-            label: "Port TCP"
-            setting: root.bench.config.tcpPort
-            valid: root.bench.config.isPort(text)
-            onEntered: text => root.bench.config.enterTcpPort(text)
+        OutputSection {
+            width: 400
+            config: root.bench.config
+            locked: false
         }
     }
 
-    id: root
+    function fieldOf(section: Item): Item {
+        return control(section, "Port TCP");
+    }
 
     function enter(field: Item, text: string) {
         field.forceActiveFocus();
@@ -26,41 +29,38 @@ WindowCase {
     }
 
     function test_takesAPort_data() {
-        return [{text: "0"}, {text: "10110"}, {text: "65535"}];
+        return [{text: "0", port: "0"}, {text: "10110", port: "10110"}, {text: "65535", port: "65535"}, {text: " 2001 ", port: "2001"}];
     }
 
     function test_takesAPort(data) {
-        const field = make(fields);
+        const field = fieldOf(make(sections));
         enter(field, data.text);
-        compare(bench.config.tcpPort, data.text);
-        compare(field.text, data.text);
+        compare(bench.config.tcpPort, data.port);
+        compare(field.text, data.port);
+        compare(field.problem, "");
     }
 
-    function test_returnsToTheLastValue_data() {
-        return [{text: "65536"}, {text: "12a"}, {text: "-1"}, {text: "2 0"}];
+    function test_saysWhatIsWrongWhileItIs_data() {
+        return [{text: "65536"}, {text: "12a"}, {text: "-1"}, {text: "2 0"}, {text: " "}];
     }
 
-    function test_returnsToTheLastValue(data) {
-        const field = make(fields);
+    function test_saysWhatIsWrongWhileItIs(data) {
+        const section = make(sections);
+        const field = fieldOf(section);
         enter(field, data.text);
         compare(bench.config.tcpPort, "2000");
-        compare(field.text, "2000");
-    }
-
-    function test_warnsWhileNoPortIsTyped() {
-        const field = make(fields);
-        field.forceActiveFocus();
-        field.selectAll();
-        keyClick("x");
+        compare(field.text, data.text);
         verify(Qt.colorEqual(field.color, Pel.danger));
+        verify(shows(section, "Un port va de 0 à 65535, 2000 reste en vigueur."));
         keyClick(Qt.Key_Escape);
         compare(field.text, "2000");
         verify(Qt.colorEqual(field.color, Pel.ink));
+        verify(!shows(section, "Un port va"));
     }
 
     function test_followsThePreset() {
-        const field = make(fields);
-        enter(field, "1");
+        const field = fieldOf(make(sections));
+        enter(field, "x");
         bench.config.apply("miniplex");
         compare(field.text, "10110");
     }

@@ -82,6 +82,25 @@ WindowCase {
         verify(shows(card, "Zones de vent de 12–25 nœuds"));
     }
 
+    function test_oneWindPushesTheOther() {
+        const card = make(cards);
+        press(card, "Perso");
+        control(card, "Vent mini").value = 20;
+        verify(shows(card, "Zones de vent de 20–21 nœuds"));
+        verify(shows(card, "21 nd"));
+        control(card, "Vent maxi").value = 10;
+        verify(shows(card, "Zones de vent de 9–10 nœuds"));
+        verify(shows(card, "9 nd"));
+    }
+
+    function test_segmentsAreOfOneWidth() {
+        const card = make(cards);
+        for (const group of [["Auto", "Manuel", "Mouillage"], ["Enchaîné", "Louvoyage", "Travers", "Portant"], ["Petit temps", "Brise", "Bon vent", "Fort", "Perso"]]) {
+            const widths = group.map(each => control(card, each).width);
+            verify(Math.max(...widths) - Math.min(...widths) <= 1, group + ": " + widths);
+        }
+    }
+
     function test_setsThePerformance() {
         const card = make(cards);
         compare(range(card, "% de polaire"), [70, 1.15 * 100, 1, 100, "100 %"]);

@@ -20,6 +20,7 @@ WindowCase {
         HeaderBar {
             width: 460
             simulator: root.bench.simulator
+            failure: root.bench.failure
         }
     }
 
@@ -62,5 +63,53 @@ WindowCase {
         bench.simulator.start();
         verify(findChild(header, "statusDot").pulsing);
         verify(shows(header, "En émission"));
+        verify(Qt.colorEqual(findChild(header, "statusDot").color, Pel.ok));
+    }
+
+    function test_theHeaderWarnsWhereNothingGetsOut_data() {
+        return [{tag: "stream cut", act: () => bench.failure.stopStream = true}, {tag: "all lost", act: () => bench.failure.packetLossPercent = 100}, {tag: "no output", act: () => {
+                    bench.config.tcpEnabled = false;
+                    bench.config.udpEnabled = false;
+                }}];
+    }
+
+    function test_theHeaderWarnsWhereNothingGetsOut(data) {
+        const header = make(headers);
+        bench.simulator.start();
+        data.act();
+        bench.advance(50);
+        verify(Qt.colorEqual(findChild(header, "statusDot").color, Pel.warn));
+        verify(shows(header, "Rien ne part"));
+    }
+
+    function test_theHeaderLeadsToTheFaultsThatAreOn() {
+        const header = make(headers);
+        bench.failure.disableGPS = true;
+        verify(shows(header, "1 panne active"));
+        bench.failure.latencyMs = 100;
+        let asked = 0;
+        header.faultsRequested.connect(() => ++asked);
+        press(header, "2 pannes actives");
+        compare(asked, 1);
+        bench.failure.reset();
+        verify(!shows(header, "active"));
+    }
+
+    function test_noWordOfAMessageStandsAlone_data() {
+        return [{width: 380}, {width: 400}, {width: 420}, {width: 700}, {width: 1040}, {width: 1600}];
+    }
+
+    function test_noWordOfAMessageStandsAlone(data) {
+        const bar = make(bars, {width: data.width});
+        bench.simulator.start();
+        bench.failListening();
+        const message = findChild(bar, "lastError");
+        waitForRendering(bar);
+        const widths = [];
+        message.lineLaidOut.connect(line => widths[line.number] = line.implicitWidth);
+        message.forceLayout();
+        compare(widths.length, message.lineCount);
+        verify(widths.every(each => each <= data.width));
+        verify(widths[widths.length - 1] > 0.5 * Math.max(...widths), widths);
     }
 }

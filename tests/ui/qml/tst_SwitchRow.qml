@@ -28,6 +28,15 @@ WindowCase {
         compare(row.setting, true);
     }
 
+    function test_isPressedWithEnter() {
+        const row = make(rows);
+        row.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Return);
+        compare(row.setting, true);
+        keyClick(Qt.Key_Enter);
+        compare(row.setting, false);
+    }
+
     function test_followsItsSetting() {
         const row = make(rows);
         mouseClick(row);

@@ -8,6 +8,8 @@ Disclosure {
 
     required property SimulationConfig config
     required property GatewaySimulator simulator
+    readonly property int columns: contentWidth >= Pel.twoColumnWidth - 4 * Pel.margin ? 2 : 1
+    readonly property int columnWidth: (contentWidth - (columns - 1) * 2 * Pel.margin) / columns
 
     heading: "Réglages avancés"
     image: "gearshape"
@@ -21,13 +23,13 @@ Disclosure {
             objectName: "lockedReason"
             Layout.fillWidth: true
             visible: root.simulator.isRunning
-            text: "Arrêtez l'émission pour changer de passerelle, de ports, d'identifiant ou de cadences."
+            text: "Arrêtez l'émission pour changer de passerelle, de ports ou de cadences."
             color: Pel.warn
         }
 
         GridLayout {
             Layout.fillWidth: true
-            columns: width >= Pel.twoColumnWidth - 4 * Pel.margin ? 2 : 1
+            columns: root.columns
             columnSpacing: 2 * Pel.margin
             rowSpacing: Pel.margin
 
@@ -41,6 +43,7 @@ Disclosure {
                     Layout.fillWidth: true
                     enabled: !root.simulator.isRunning
                     config: root.config
+                    columns: root.columnWidth >= Pel.sideBySideWidth ? 2 : 1
                 }
                 OutputSection {
                     Layout.fillWidth: true

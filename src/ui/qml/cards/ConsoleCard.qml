@@ -8,6 +8,19 @@ Disclosure {
 
     required property FailureInjection failure
     required property GatewaySimulator simulator
+    required property int viewHeight // what of the page is in sight
+    readonly property bool sideBySide: contentWidth >= Pel.twoColumnWidth - 4 * Pel.margin
+    readonly property bool narrow: contentWidth < Pel.sideBySideWidth
+
+    /// How high the log may be for the whole card to be in sight.
+    readonly property int listHeight: {
+        const toolbar = (narrow ? 4 : 2) * (Pel.controlHeight + Pel.gap);
+        const heading = Pel.symbolSize + Pel.tight + Pel.space;
+        return Math.max(Pel.consoleHeight, viewHeight - 4 * Pel.margin - heading - toolbar);
+    }
+
+    /// The panel of faults, once unfolded.
+    readonly property Item faults: sectionItem ? sectionItem.faults : null
 
     heading: "Console NMEA"
     image: "terminal"
@@ -15,9 +28,9 @@ Disclosure {
     // Bound components cannot be instantiated by a Loader here.
     // qmllint disable unqualified
     section: GridLayout {
-        readonly property bool sideBySide: width >= Pel.twoColumnWidth - 4 * Pel.margin
+        readonly property Item faults: panel
 
-        columns: sideBySide ? 2 : 1
+        columns: root.sideBySide ? 2 : 1
         columnSpacing: 2 * Pel.margin
         rowSpacing: Pel.margin
 
@@ -25,9 +38,13 @@ Disclosure {
             Layout.fillWidth: true
             Layout.alignment: Qt.AlignTop
             simulator: root.simulator
+            narrow: root.narrow
+            listHeight: root.listHeight
         }
         FailurePanel {
-            Layout.fillWidth: !parent.sideBySide
+            id: panel
+
+            Layout.fillWidth: !root.sideBySide
             Layout.preferredWidth: Pel.panelWidth
             Layout.alignment: Qt.AlignTop
             simulator: root.simulator

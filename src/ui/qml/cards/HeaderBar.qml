@@ -2,11 +2,16 @@ import QtQuick
 import QtQuick.Layouts
 import Tidewright
 
-/// The program's name, and whether it is emitting.
+/// The program's name, whether it is emitting, and which faults are on.
 Rectangle {
     id: root
 
     required property GatewaySimulator simulator
+    required property FailureInjection failure
+    readonly property color tone: !simulator.isRunning ? Pel.inkMuted
+                                                       : simulator.isSilent ? Pel.warn : Pel.ok
+
+    signal faultsRequested()
 
     implicitHeight: Pel.headerHeight
     color: Pel.panelAlt
@@ -19,9 +24,9 @@ Rectangle {
     }
 
     RowLayout {
-        anchors.fill: parent
-        anchors.leftMargin: Pel.margin
-        anchors.rightMargin: Pel.margin
+        anchors.centerIn: parent
+        width: Math.min(parent.width - 2 * Pel.margin, Pel.contentWidth)
+        height: parent.height
         spacing: Pel.space
 
         Symbol {
@@ -54,14 +59,20 @@ Rectangle {
                 Accessible.name: text
             }
         }
+        FaultChip {
+            visible: text !== ""
+            text: root.failure.activeText
+            onClicked: root.faultsRequested()
+        }
         Dot {
             objectName: "statusDot"
-            color: root.simulator.isRunning ? Pel.ok : Pel.inkMuted
+            color: root.tone
             pulsing: root.simulator.isRunning
         }
         Text {
-            text: root.simulator.isRunning ? "En émission" : "À l'arrêt"
-            color: root.simulator.isRunning ? Pel.ok : Pel.inkMuted
+            text: !root.simulator.isRunning ? "À l'arrêt"
+                                            : root.simulator.isSilent ? "Rien ne part" : "En émission"
+            color: root.tone
             font.pixelSize: Pel.captionSize
             font.weight: Font.Medium
             textFormat: Text.PlainText

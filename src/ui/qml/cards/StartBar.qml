@@ -24,20 +24,20 @@ Rectangle {
         width: Math.min(parent.width - 2 * Pel.margin, Pel.contentWidth)
         spacing: Pel.gap
 
-        RowLayout {
+        Row {
             Layout.alignment: Qt.AlignHCenter
             visible: root.simulator.lastError !== ""
             spacing: Pel.gap
 
             Symbol {
-                Layout.alignment: Qt.AlignTop
+                id: sign
+
                 name: "exclamationmark.triangle"
                 color: Pel.danger
             }
-            BodyText {
+            BalancedText {
                 objectName: "lastError"
-                Layout.fillWidth: true
-                Layout.maximumWidth: implicitWidth
+                widest: column.width - sign.width - parent.spacing
                 text: root.simulator.lastError
                 color: Pel.danger
                 Accessible.role: Accessible.AlertMessage
@@ -49,6 +49,8 @@ Rectangle {
             Layout.fillWidth: true
             Layout.maximumWidth: Pel.startWidth
             Layout.alignment: Qt.AlignHCenter
+            focus: true
+            shortcut: "F5"
             text: root.simulator.isRunning ? "Arrêter l'émission" : "Démarrer l'émission"
             systemImage: root.simulator.isRunning ? "stop" : "play"
             tone: root.simulator.isRunning ? Pel.danger : Pel.brand

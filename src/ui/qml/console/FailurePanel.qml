@@ -11,8 +11,20 @@ ColumnLayout {
 
     spacing: Pel.tight
 
-    SectionLabel {
-        text: "Test de robustesse"
+    RowLayout {
+        Layout.fillWidth: true
+        spacing: Pel.gap
+
+        SectionLabel {
+            Layout.fillWidth: true
+            text: "Test de robustesse"
+        }
+        GhostButtonStyle {
+            text: "Tout rétablir"
+            hint: "Coupe toutes les pannes"
+            enabled: root.failure.activeText !== ""
+            onClicked: root.failure.reset()
+        }
     }
     SwitchRow {
         Layout.fillWidth: true

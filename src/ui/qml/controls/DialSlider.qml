@@ -4,7 +4,8 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Tidewright
 
-/// A small slider that stays on its steps. Reports what the user sets through edited().
+/// A small slider that stays on its steps: arrows move it by one, Page Up and Page Down by ten, Home
+/// and End to the ends. Reports what the user sets through edited().
 Slider {
     id: root
 
@@ -20,6 +21,25 @@ Slider {
     opacity: enabled ? 1 : Pel.disabledOpacity
     Accessible.description: valueText
     onValueChanged: if (value !== setting) edited(value)
+    Keys.onPressed: event => {
+        switch (event.key) {
+        case Qt.Key_PageUp:
+            edited(Math.min(to, setting + 10 * stepSize));
+            break;
+        case Qt.Key_PageDown:
+            edited(Math.max(from, setting - 10 * stepSize));
+            break;
+        case Qt.Key_Home:
+            edited(from);
+            break;
+        case Qt.Key_End:
+            edited(to);
+            break;
+        default:
+            return;
+        }
+        event.accepted = true;
+    }
 
     background: Item {
         Rectangle {
@@ -29,8 +49,13 @@ Slider {
             radius: height / 2
             color: Pel.line
 
-            Rectangle {
-                width: root.handle.x + root.handle.width / 2
+            Rectangle { // from zero, or from the end nearest to it
+                readonly property real zero: root.from < 0 && root.to > 0 ? -root.from / (root.to - root.from) : 0
+                readonly property real origin: root.handle.width / 2 + zero * (root.width - root.handle.width)
+                readonly property real knob: root.handle.x + root.handle.width / 2
+
+                x: zero > 0 ? Math.min(origin, knob) : 0
+                width: zero > 0 ? Math.abs(knob - origin) : knob
                 height: parent.height
                 radius: height / 2
                 color: Pel.brand

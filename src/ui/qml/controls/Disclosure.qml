@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Tidewright
 
@@ -14,20 +13,21 @@ Card {
     required property bool open
     required property Component section
 
+    readonly property Item sectionItem: loader.item
+
+    /// How wide what unfolds may be: known before it is, and no layout waits for itself.
+    readonly property int contentWidth: width - 2 * Pel.margin
+
     signal toggled()
 
-    AbstractButton {
+    PlainButton {
         id: header
 
         objectName: "disclosure"
         Layout.fillWidth: true
         implicitHeight: Pel.symbolSize + Pel.tight
         text: root.heading
-        focusPolicy: Qt.StrongFocus
-        Accessible.role: Accessible.Button
-        Accessible.name: text
         Accessible.description: root.open ? "déplié" : "replié"
-        Accessible.onPressAction: clicked()
         onClicked: root.toggled()
 
         contentItem: RowLayout {
@@ -61,6 +61,8 @@ Card {
     }
 
     Loader {
+        id: loader
+
         Layout.fillWidth: true
         visible: root.open
         active: root.open

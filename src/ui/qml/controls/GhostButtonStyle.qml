@@ -1,30 +1,26 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Tidewright
 
 /// A button in the outlined look.
-AbstractButton {
+PlainButton {
     id: root
 
     property string systemImage: ""
+    property bool opaque: false // stands on something else
 
     implicitHeight: Pel.controlHeight
     implicitWidth: contentItem.implicitWidth + 2 * Pel.tight
-    focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : Pel.disabledOpacity
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Accessible.onPressAction: clicked()
 
     background: Rectangle {
         radius: Pel.radius
         color: root.down ? Pel.line : root.hovered ? Pel.mix(Pel.panel, Pel.line, 0.5)
-                                                   : "transparent"
+                                                   : root.opaque ? Pel.panel : "transparent"
         border.width: Pel.hair
-        border.color: root.enabled ? Pel.mix(Pel.line, Pel.inkMuted, 0.5) : Pel.line
+        border.color: root.enabled ? Pel.outline : Pel.line
 
         FocusRing {
             active: root.visualFocus

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tidewright
 
-/// One number: its label, its value with unit, and a small slider below.
+/// One number: its label, its value with unit, which can be typed, and a small slider below.
 ColumnLayout {
     id: root
 
@@ -32,15 +32,18 @@ ColumnLayout {
             elide: Text.ElideRight
             Accessible.ignored: true
         }
-        Text {
-            objectName: "valueText"
-            text: root.valueText
-            color: Pel.ink
-            font.family: Pel.monoFamily
-            font.pixelSize: Pel.textSize
-            font.weight: Font.Medium
-            textFormat: Text.PlainText
-            Accessible.ignored: true
+        NumberField {
+            id: number
+
+            objectName: "number"
+            Layout.rightMargin: -Pel.tight // its digits end where the slider does
+            label: root.label + " (valeur)"
+            value: root.value
+            from: root.from
+            to: root.to
+            unit: root.unit
+            format: root.format
+            onEdited: value => root.edited(value)
         }
     }
 
@@ -54,5 +57,9 @@ ColumnLayout {
         valueText: root.valueText
         Accessible.name: root.label
         onEdited: value => root.edited(value)
+    }
+    Problem {
+        Layout.fillWidth: true
+        text: number.problem
     }
 }

@@ -1,12 +1,11 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Tidewright
 
 /// A button in the filled look.
-AbstractButton {
+PlainButton {
     id: root
 
     property color tone: Pel.brand
@@ -14,11 +13,7 @@ AbstractButton {
 
     implicitHeight: Pel.buttonHeight
     implicitWidth: contentItem.implicitWidth + 2 * Pel.margin
-    focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : Pel.disabledOpacity
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Accessible.onPressAction: clicked()
 
     background: Rectangle {
         radius: Pel.cardRadius

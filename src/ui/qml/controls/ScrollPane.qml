@@ -3,23 +3,26 @@ import QtQuick.Controls.Basic
 import QtQuick.Window
 import Tidewright
 
-/// Its one child, centred, scrolling up and down. The keyboard's control is kept in sight.
+/// Its one child, centred, scrolling up and down, never beyond its ends. What gets the keyboard
+/// other than by the mouse is brought into sight.
 Flickable {
     id: root
 
     default property alias content: column.data
     property Item growing: null
 
-    /// Brings `item` into sight, its upper end first.
+    /// Brings `item` into sight, by no more than it takes; its upper end, where it is too high.
     function show(item: Item) {
         const top = item.mapToItem(column, 0, 0).y;
         const bottom = top + item.height + 2 * Pel.margin;
-        contentY = Math.min(Math.max(contentY, bottom - height), top);
+        const wanted = Math.min(Math.max(contentY, bottom - height), top);
+        contentY = Math.max(0, Math.min(wanted, contentHeight - height));
     }
 
-    /// The same, once `item` has the height that it is about to take.
+    /// The same, until `item` has the height that it is about to take.
     function showGrown(item: Item) {
         growing = item;
+        settle.restart();
     }
 
     function contains(item: Item): bool {
@@ -32,6 +35,8 @@ Flickable {
     contentHeight: column.height + 2 * Pel.margin
     clip: true
     boundsBehavior: Flickable.StopAtBounds
+    onHeightChanged: returnToBounds()
+    onContentHeightChanged: returnToBounds()
 
     Item {
         id: column
@@ -42,27 +47,19 @@ Flickable {
         height: childrenRect.height
     }
 
-    ScrollBar.vertical: ScrollBar {
-        id: bar
+    ScrollBar.vertical: ScrollMark {}
 
-        padding: 0
-        minimumSize: 0.1
-        contentItem: Rectangle {
-            implicitWidth: Pel.scrollBarWidth
-            radius: Pel.tight
-            color: bar.pressed ? Pel.inkMuted : Pel.line
-            visible: bar.size < 1
-        }
+    Timer {
+        id: settle
+
+        interval: Pel.settleInterval
+        onTriggered: root.growing = null
     }
-
     Connections {
         target: root.growing
 
         function onHeightChanged() {
-            const grown = root.growing;
-            root.growing = null;
-            if (grown)
-                root.show(grown);
+            Qt.callLater(root.show, root.growing);
         }
     }
 
@@ -71,7 +68,7 @@ Flickable {
 
         function onActiveFocusItemChanged() {
             const item = root.Window.activeFocusItem;
-            if (item && root.contains(item))
+            if (item && item.focusReason !== Qt.MouseFocusReason && root.contains(item))
                 root.show(item);
         }
     }

@@ -24,13 +24,12 @@ Rectangle {
         }
     }
 
-    implicitWidth: row.implicitWidth + 2 * row.anchors.margins
+    implicitWidth: Pel.segmentWidth * labels.length + 2 * row.anchors.margins
     implicitHeight: Pel.controlHeight
     radius: Pel.radius
     color: Pel.panelAlt
     border.width: Pel.hair
     border.color: Pel.line
-    opacity: enabled ? 1 : Pel.disabledOpacity
     Accessible.role: Accessible.Grouping
     Accessible.name: label
 
@@ -60,7 +59,7 @@ Rectangle {
 
                 Layout.fillWidth: true
                 Layout.fillHeight: true
-                implicitWidth: contentItem.implicitWidth + 2 * Pel.tight
+                Layout.preferredWidth: 1 // all the same
                 padding: 0
                 text: modelData
                 checked: chosen
@@ -73,7 +72,8 @@ Rectangle {
                 indicator: null
                 background: Rectangle {
                     radius: Pel.tight
-                    color: segment.chosen ? Pel.brand : segment.hovered ? Pel.line : "transparent"
+                    color: segment.chosen ? (root.enabled ? Pel.brand : Pel.selection)
+                                          : segment.hovered ? Pel.line : "transparent"
 
                     FocusRing {
                         radius: Pel.tight
@@ -82,8 +82,11 @@ Rectangle {
                 }
                 contentItem: Text {
                     text: segment.text
-                    color: segment.chosen ? Pel.onBrand : Pel.ink
+                    color: !root.enabled ? (segment.chosen ? Pel.ink : Pel.inkMuted)
+                                         : segment.chosen ? Pel.onBrand : Pel.ink
                     font.pixelSize: Pel.captionSize
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: Pel.labelSize - 2
                     font.weight: Font.Medium
                     textFormat: Text.PlainText
                     horizontalAlignment: Text.AlignHCenter

@@ -15,10 +15,9 @@ Rectangle {
     property color tone: Pel.ink
     property string secondValue: ""
     property string secondUnit: ""
-    readonly property bool roomy: height >= Pel.roomyTileHeight
 
     implicitWidth: column.implicitWidth + 2 * Pel.space
-    implicitHeight: column.implicitHeight + 2 * Pel.gap
+    implicitHeight: Pel.tileHeight
     radius: Pel.radius
     color: Pel.panelAlt
     border.width: Pel.hair
@@ -32,22 +31,23 @@ Rectangle {
 
         required property string value
         required property string unit
+        readonly property bool degrees: unit.startsWith("°")
 
-        spacing: unit.startsWith("°") ? 0 : Pel.tight
+        spacing: Pel.tight
 
         Text {
             id: digits
 
-            text: quantity.value
+            text: quantity.value + (quantity.degrees ? "°" : "") // as high as the digits
             color: root.tone
             font.family: Pel.monoFamily
-            font.pixelSize: root.roomy ? Pel.roomyValueSize : Pel.valueSize
+            font.pixelSize: Pel.valueSize
             font.weight: Font.Medium
             textFormat: Text.PlainText
         }
         Text {
             anchors.baseline: digits.baseline
-            text: quantity.unit
+            text: quantity.degrees ? quantity.unit.slice(1).trim() : quantity.unit
             color: Pel.inkMuted
             font.pixelSize: Pel.captionSize
             textFormat: Text.PlainText

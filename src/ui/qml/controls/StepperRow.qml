@@ -55,13 +55,32 @@ RowLayout {
         Accessible.name: root.label
         Accessible.description: root.valueText
         onValueChanged: if (value !== root.value) root.edited(value)
+        Keys.onPressed: event => {
+            switch (event.key) {
+            case Qt.Key_PageUp:
+                root.edited(Math.min(root.to, root.value + 10 * root.step));
+                break;
+            case Qt.Key_PageDown:
+                root.edited(Math.max(root.from, root.value - 10 * root.step));
+                break;
+            case Qt.Key_Home:
+                root.edited(root.from);
+                break;
+            case Qt.Key_End:
+                root.edited(root.to);
+                break;
+            default:
+                return;
+            }
+            event.accepted = true;
+        }
 
         contentItem: Item {}
         background: Rectangle {
             radius: Pel.radius
             color: Pel.panelAlt
             border.width: Pel.hair
-            border.color: Pel.mix(Pel.line, Pel.inkMuted, 0.5)
+            border.color: Pel.outline
 
             Rectangle {
                 anchors.centerIn: parent

@@ -21,6 +21,8 @@ Switch {
     opacity: enabled ? 1 : Pel.disabledOpacity
     font.pixelSize: Pel.textSize
     Accessible.name: text
+    Keys.onReturnPressed: toggle()
+    Keys.onEnterPressed: toggle()
     onCheckedChanged: if (checked !== setting) edited(checked)
 
     indicator: SwitchMark {

@@ -9,6 +9,7 @@ ColumnLayout {
     required property SimulationConfig config
     required property GatewaySimulator simulator
     required property bool copied
+    property bool showClients: false
 
     spacing: Pel.space
 
@@ -65,6 +66,35 @@ ColumnLayout {
             text: root.simulator.clientText
             color: root.simulator.hasClients ? Pel.ok : Pel.inkMuted
         }
+        PlainButton {
+            implicitWidth: Pel.rowHeight
+            implicitHeight: Pel.rowHeight
+            visible: root.simulator.hasClients
+            text: "Détail des clients"
+            hint: text
+            Accessible.description: root.showClients ? "déplié" : "replié"
+            onClicked: root.showClients = !root.showClients
+
+            contentItem: Item {
+                Symbol {
+                    anchors.centerIn: parent
+                    name: "chevron.down"
+                    rotation: root.showClients ? 180 : 0
+                    color: Pel.ink
+                }
+            }
+            background: Item {
+                FocusRing {
+                    active: parent.parent.visualFocus
+                }
+            }
+        }
+    }
+
+    ClientsSection {
+        Layout.fillWidth: true
+        visible: root.showClients && root.simulator.hasClients
+        simulator: root.simulator
     }
 
     Timer {

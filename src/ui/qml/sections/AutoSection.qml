@@ -58,6 +58,7 @@ ColumnLayout {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
             text: "Virer de bord"
+            shortcut: "Alt+V"
             enabled: root.simulator.isRunning
             onClicked: root.engine.triggerManeuver(true)
         }
@@ -65,6 +66,7 @@ ColumnLayout {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
             text: "Empanner"
+            shortcut: "Alt+E"
             enabled: root.simulator.isRunning
             onClicked: root.engine.triggerManeuver(false)
         }

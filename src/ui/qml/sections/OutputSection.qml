@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tidewright
 
-/// Where the sentences go, and under whose name.
+/// Where the sentences go, and under whose name. `locked`: outputs are open, on the ports they have.
 ColumnLayout {
     id: root
 
@@ -17,7 +17,7 @@ ColumnLayout {
         text: "Sorties"
     }
 
-    component Output: RowLayout {
+    component Output: ColumnLayout {
         id: output
 
         required property string transport
@@ -28,25 +28,37 @@ ColumnLayout {
         signal entered(text: string)
 
         Layout.fillWidth: true
-        spacing: Pel.gap
+        spacing: Pel.tight
 
-        SwitchRow {
+        RowLayout {
             Layout.fillWidth: true
-            leading: true
-            text: output.transport
-            setting: output.on
-            onEdited: value => output.switched(value)
+            spacing: Pel.gap
+
+            SwitchRow {
+                Layout.fillWidth: true
+                leading: true
+                text: output.transport
+                setting: output.on
+                onEdited: value => output.switched(value)
+            }
+            Caption {
+                text: "Port " + output.transport
+                Accessible.ignored: true
+            }
+            PortField {
+                id: field
+
+                label: "Port " + output.transport
+                enabled: !root.locked
+                setting: output.port
+                check: text => root.config.portProblem(text)
+                onEntered: text => output.entered(text)
+            }
         }
-        Caption {
-            text: "Port " + output.transport
-            Accessible.ignored: true
-        }
-        PortField {
-            label: "Port " + output.transport
-            enabled: !root.locked
-            setting: output.port
-            valid: root.config.isPort(text)
-            onEntered: text => output.entered(text)
+        Problem {
+            Layout.fillWidth: true
+            horizontalAlignment: Text.AlignRight
+            text: field.problem === "" ? "" : field.problem + " " + output.port + " reste en vigueur."
         }
     }
 
@@ -76,7 +88,6 @@ ColumnLayout {
     }
     SegmentedPicker {
         Layout.fillWidth: true
-        enabled: !root.locked
         label: "Identifiant GPS (talker)"
         values: root.config.talkers
         labels: root.config.talkers

@@ -5,23 +5,25 @@ import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Tidewright
 
-/// One commercial gateway, to be pressed.
+/// One commercial gateway, to be pressed; Space or Enter apply it, also again.
 RadioButton {
     id: root
 
     required property string details
     required property bool chosen
+    required property bool modified // since it was chosen
 
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     horizontalPadding: Pel.space
     verticalPadding: Pel.gap
     checked: chosen
-    focusPolicy: Qt.StrongFocus
     opacity: enabled ? 1 : Pel.disabledOpacity
     Accessible.name: text
-    Accessible.description: details
+    Accessible.description: modified ? details + " · modifié" : details
     Accessible.onPressAction: clicked()
     Accessible.onToggleAction: clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     indicator: null
     background: Rectangle {
@@ -37,15 +39,27 @@ RadioButton {
     contentItem: ColumnLayout {
         spacing: 0
 
-        Text {
-            Layout.fillWidth: true
-            text: root.text
-            color: Pel.ink
-            font.pixelSize: Pel.textSize
-            font.weight: Font.Medium
-            textFormat: Text.PlainText
-            elide: Text.ElideRight
-            Accessible.ignored: true
+        RowLayout {
+            spacing: Pel.gap
+
+            Text {
+                Layout.fillWidth: true
+                text: root.text
+                color: Pel.ink
+                font.pixelSize: Pel.textSize
+                font.weight: Font.Medium
+                textFormat: Text.PlainText
+                elide: Text.ElideRight
+                Accessible.ignored: true
+            }
+            Text {
+                visible: root.modified
+                text: "modifié"
+                color: Pel.warn
+                font.pixelSize: Pel.labelSize
+                textFormat: Text.PlainText
+                Accessible.ignored: true
+            }
         }
         Text {
             Layout.fillWidth: true

@@ -35,16 +35,15 @@ RowLayout {
         Accessible.name: "Cadence : " + root.label
         onEdited: value => root.edited(value)
     }
-    Text {
-        objectName: "rateText"
-        Layout.preferredWidth: Pel.rateValueWidth
-        text: root.rateText
-        color: Pel.ink
-        opacity: enabled ? 1 : Pel.disabledOpacity
-        font.family: Pel.monoFamily
-        font.pixelSize: Pel.textSize
-        textFormat: Text.PlainText
-        horizontalAlignment: Text.AlignRight
-        Accessible.ignored: true
+    NumberField {
+        objectName: "number"
+        label: "Cadence : " + root.label + " (valeur)"
+        value: root.rate
+        from: 0
+        to: 20
+        unit: "Hz"
+        format: "%.1f"
+        hint: problem
+        onEdited: value => root.edited(value)
     }
 }
