@@ -231,8 +231,7 @@ void compareSchedules(Tables& tables) {
 
         std::vector<std::string_view> scheduled;
         const EmissionSchedule schedule(bench.config);
-        for (const auto& entry : schedule.entries())
-            scheduled.push_back(rawValue(entry.kind));
+        for (const auto& entry : schedule.entries()) scheduled.push_back(rawValue(entry.kind));
         each.expectText("scheduled", fmt::format("{}", fmt::join(scheduled, "+")));
 
         bench.gateway.start();
