@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "gateway/GatewaySimulator.h"
+#include "gateway/Assembly.h"
 #include "platform/SystemRandom.h"
 #include "platform/VirtualMainLoop.h"
 #include "support/ReadOutHost.h"
@@ -12,12 +12,8 @@ using namespace std::chrono_literals;
 void minuteOfEmission(benchmark::State& state) {
     platform::VirtualMainLoop loop;
     platform::SystemRandom random;
-    simulation::BoatSimulationEngine engine(loop, random);
-    gateway::SimulationConfig config;
-    gateway::FailureInjection failure;
-    gateway::GatewaySimulator gateway(engine, config, failure,
-                                      readOutHost(loop, random, [](const std::string&) {}));
-    gateway.start();
+    gateway::Assembly assembly(readOutHost(loop, random, [](const std::string&) {}));
+    assembly.gateway.start();
     for (auto _ : state) loop.advance(1min);
 }
 BENCHMARK(minuteOfEmission)->Name("a minute of default emission");

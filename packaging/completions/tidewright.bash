@@ -1,19 +1,13 @@
 # bash completion for tidewright
 
 _tidewright() {
-    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} words
     case $before in
-        --preset)
-            mapfile -t COMPREPLY < <(compgen -W \
-                "digital-yacht miniplex nke yacht-devices generic custom" -- "$word")
-            ;;
-        --program) mapfile -t COMPREPLY < <(compgen -W "sequence beat reach run" -- "$word") ;;
-        --tcp-port | --udp-port | --ais | --wind-range | --polar) COMPREPLY=() ;;
-        *)
-            mapfile -t COMPREPLY < <(compgen -W "--headless --preset --tcp-port --udp-port --ais \
-                --program --wind-range --polar --no-steps --no-tcp --no-udp --help --version" \
-                -- "$word")
-            ;;
+        --preset) words="digital-yacht miniplex nke yacht-devices generic custom" ;;
+        --program) words="sequence beat reach run" ;;
+        --tcp-port | --udp-port | --ais | --wind-range | --polar | --set) words= ;;
+        *) words="--headless --preset --tcp-port --udp-port --no-tcp --no-udp --ais --program --wind-range --polar --no-steps --set --settings --help --version" ;;
     esac
+    mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
 }
 complete -F _tidewright tidewright

@@ -1,22 +1,22 @@
 #include "app/CommandLine.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
 #include <system_error>
+#include <utility>
 
+#include "app/Option.h"
+#include "gateway/NearestName.h"
 #include "platform/DecimalNumber.h"
 
 namespace tidewright::app {
 
 namespace {
 
-using simulation::BoatSimulationEngine;
-using simulation::SailingEnvironment;
 using simulation::WindRange;
-
-constexpr double lowestPerformance = 0.7;
-constexpr double highestPerformance = 1.15;
 
 /// `text` without its leading "+"; empty, thus no number, if another sign follows.
 std::string_view withoutPlus(std::string_view text) {
@@ -25,42 +25,72 @@ std::string_view withoutPlus(std::string_view text) {
     return text.starts_with('-') ? std::string_view() : text;
 }
 
-void applyPreset(const Arguments& arguments, gateway::SimulationConfig& config) {
-    const auto id = CommandLine::value("--preset", arguments);
-    const auto& presets = gateway::GatewayPreset::all;
-    const auto preset = std::ranges::find_if(
-        presets, [&id](const gateway::GatewayPreset& each) { return each.id == id; });
-    if (preset != presets.end()) config.apply(*preset);
+/// The name of the option that `argument` is, and the value that it brings by "=", if any.
+std::pair<std::string_view, std::optional<std::string>> split(std::string_view argument) {
+    const auto sign = argument.find('=');
+    const Option* named = option(argument.substr(0, sign));
+    if (sign == std::string_view::npos || !named || !named->isStrict) return {argument, {}};
+    return {named->name, std::string(argument.substr(sign + 1))};
 }
 
-void applyNetwork(const Arguments& arguments, gateway::SimulationConfig& config) {
-    if (const auto text = CommandLine::value("--tcp-port", arguments))
-        if (const auto port = CommandLine::port(*text)) config.tcpPort = *port;
-    if (const auto text = CommandLine::value("--udp-port", arguments))
-        if (const auto port = CommandLine::port(*text)) config.udpPort = *port;
-    if (const auto text = CommandLine::value("--ais", arguments))
-        if (const auto count = CommandLine::integer(*text)) config.aisTargetCount = *count;
-}
+/// One option as it stands on the command line, with its value where it takes one.
+struct GivenOption {
+    const Option* option;
+    std::string value;
+};
 
-void applySailing(const Arguments& arguments, BoatSimulationEngine& engine) {
-    if (const auto name = CommandLine::value("--program", arguments))
-        if (const auto program = simulation::sailingProgram(*name)) engine.program = *program;
-
-    SailingEnvironment environment = engine.environment;
-    if (const auto text = CommandLine::value("--wind-range", arguments)) {
-        if (const auto range = CommandLine::windRange(*text)) {
-            environment.windPreset = simulation::WindPreset::custom;
-            environment.customMin = range->low;
-            environment.customMax = range->high;
-        }
+/// Reads the whole command line as it is meant, and says of the first mistake what it is.
+class StrictReader {
+public:
+    explicit StrictReader(const Arguments& arguments) : arguments_(arguments) {
+        for (std::size_t i = 1; i < arguments_.size() && !problem_; ++i) read(i);
     }
-    if (const auto text = CommandLine::value("--polar", arguments))
-        if (const auto percent = CommandLine::decimal(*text))
-            environment.performance =
-                std::clamp(*percent / 100, lowestPerformance, highestPerformance);
-    if (CommandLine::contains("--no-steps", arguments)) environment.crewSteps = false;
-    engine.environment = environment;
-}
+
+    const std::vector<GivenOption>& given() const { return given_; }
+    const std::optional<std::string>& problem() const { return problem_; }
+
+private:
+    void read(std::size_t& i) {
+        auto [name, value] = split(arguments_[i]);
+        const Option* named = option(name);
+        if (!named) return reportUnknown(name);
+        const bool isRepeated =
+            std::ranges::find(given_, named, &GivenOption::option) != given_.end();
+        if (isRepeated && !named->mayRepeat)
+            return report(fmt::format("{} est donnée deux fois.", name));
+        if (named->valueName.french.empty()) {
+            if (value) return report(fmt::format("{} ne prend pas de valeur.", name));
+        } else {
+            if (!value && i + 1 < arguments_.size()) value = arguments_[++i];
+            if (!value) return report(fmt::format("{} attend une valeur : {}.", name, named->readable));
+            if (!named->reads(*value)) return reportUnreadable(*named, *value);
+        }
+        given_.push_back({named, value.value_or("")});
+    }
+
+    void reportUnknown(std::string_view name) {
+        std::vector<std::string_view> names;
+        for (const Option& each : allOptions()) names.push_back(each.name);
+        report(fmt::format("« {} » n'est pas une option ; la plus proche est {}.", name,
+                           gateway::nearestName(name, names)));
+    }
+
+    void reportUnreadable(const Option& named, const std::string& value) {
+        std::string allowed(named.readable);
+        if (!named.words.empty()) {
+            const std::vector<std::string_view> words(named.words.begin(), named.words.end());
+            allowed = fmt::format("{} ; le plus proche est {}", fmt::join(words, ", "),
+                                  gateway::nearestName(value, words));
+        }
+        report(fmt::format("{} : « {} » ne peut être lu ; il faut {}.", named.name, value, allowed));
+    }
+
+    void report(std::string problem) { problem_ = std::move(problem); }
+
+    const Arguments& arguments_;
+    std::vector<GivenOption> given_;
+    std::optional<std::string> problem_;
+};
 
 }  // namespace
 
@@ -107,13 +137,46 @@ std::optional<WindRange> CommandLine::windRange(std::string_view text) {
     return WindRange{.low = numbers[0], .high = numbers[1]};
 }
 
+bool CommandLine::isStrict(const Arguments& arguments) {
+    return std::ranges::any_of(arguments, [](const std::string& argument) {
+        const Option* named = option(split(argument).first);
+        return named && named->isStrict;
+    });
+}
+
+std::optional<std::string> CommandLine::problem(const Arguments& arguments) {
+    if (!isStrict(arguments)) return std::nullopt;
+    const StrictReader reader(arguments);
+    if (reader.problem()) return reader.problem();
+    const bool isHeadless = contains("--headless", arguments);
+    for (const GivenOption& each : reader.given())
+        if (each.option->isStrict && !each.option->isQuestion && !isHeadless)
+            return fmt::format("{} ne va qu'avec --headless.", each.option->name);
+    return std::nullopt;
+}
+
+gateway::Settings::Texts CommandLine::settings(const Arguments& arguments) {
+    gateway::Settings::Texts texts;
+    if (!isStrict(arguments)) return texts;
+    const StrictReader reader(arguments);
+    for (const auto& [given, text] : reader.given()) {
+        if (given->name != "--set") continue;
+        const auto sign = text.find('=');
+        texts.emplace_back(text.substr(0, sign), text.substr(sign + 1));
+    }
+    return texts;
+}
+
 void CommandLine::apply(const Arguments& arguments, gateway::SimulationConfig& config,
-                        BoatSimulationEngine& engine) {
-    applyPreset(arguments, config);
-    applyNetwork(arguments, config);
-    applySailing(arguments, engine);
-    if (contains("--no-tcp", arguments)) config.tcpEnabled = false;
-    if (contains("--no-udp", arguments)) config.udpEnabled = false;
+                        simulation::BoatSimulationEngine& engine) {
+    for (const Option& each : allOptions()) {
+        if (!each.apply) continue;
+        if (!each.reads) {
+            if (contains(each.name, arguments)) each.apply({}, config, engine);
+        } else if (const auto text = value(each.name, arguments); text && each.reads(*text)) {
+            each.apply(*text, config, engine);
+        }
+    }
 }
 
 }  // namespace tidewright::app

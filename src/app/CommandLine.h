@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "gateway/Settings.h"
 #include "gateway/SimulationConfig.h"
 #include "simulation/BoatSimulationEngine.h"
 
@@ -35,8 +36,18 @@ std::optional<double> decimal(std::string_view text);
 /// over.
 std::optional<simulation::WindRange> windRange(std::string_view text);
 
-/// Applies every option of the headless program to the settings. The preset comes first, so that
-/// the others override it wherever they stand; what cannot be read is ignored.
+/// Whether an option is there that has the whole command line read strictly.
+bool isStrict(const Arguments& arguments);
+
+/// What is wrong with a command line that is read strictly, in French; nothing where nothing is, or
+/// where it is not read so.
+std::optional<std::string> problem(const Arguments& arguments);
+
+/// What --set asks for, in order; to be asked where there is no problem.
+gateway::Settings::Texts settings(const Arguments& arguments);
+
+/// Applies every option of the headless program but --set to the settings. The preset comes first,
+/// so that the others override it wherever they stand; what cannot be read is ignored.
 void apply(const Arguments& arguments, gateway::SimulationConfig& config,
            simulation::BoatSimulationEngine& engine);
 

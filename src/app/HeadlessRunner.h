@@ -6,11 +6,7 @@
 #include <string_view>
 
 #include "app/CommandLine.h"
-#include "gateway/FailureInjection.h"
-#include "gateway/GatewaySimulator.h"
-#include "gateway/Host.h"
-#include "gateway/SimulationConfig.h"
-#include "simulation/BoatSimulationEngine.h"
+#include "gateway/Assembly.h"
 
 namespace tidewright::app {
 
@@ -20,28 +16,26 @@ public:
     /// Where the runner writes, and how it gives up.
     struct Terminal {
         std::function<void(std::string_view)> write;  ///< to standard error, in one piece
-        std::function<void()> fail;                   ///< ends the program with exit status 1
+        std::function<void(int status)> fail;         ///< ends the program with that exit status
     };
 
     /// Starts the gateway and writes the banner, whatever came of the start; then looks every
-    /// second whether it still runs, and where it does not writes why and fails.
+    /// second whether it still runs, and where it does not writes why and fails with 1. Where the
+    /// command line cannot be read, writes why and fails with 2 instead.
     HeadlessRunner(const Arguments& arguments, gateway::Host host, Terminal terminal);
 
-    const gateway::SimulationConfig& config() const { return config_; }
-    const simulation::BoatSimulationEngine& engine() const { return engine_; }
+    const gateway::Assembly& assembly() const { return assembly_; }
 
     /// Runs on this machine until interrupted or until the gateway stops; answers the exit status.
     static int run(const Arguments& arguments);
 
 private:
+    std::optional<std::string> apply(const Arguments& arguments);
     std::string banner() const;
     void watch();
 
-    simulation::BoatSimulationEngine engine_;
-    gateway::SimulationConfig config_;
-    gateway::FailureInjection failure_;
     platform::MainLoop& loop_;
-    gateway::GatewaySimulator gateway_;
+    gateway::Assembly assembly_;
     Terminal terminal_;
     platform::Subscription watchTimer_;
 };

@@ -2,17 +2,32 @@
 
 #include <fmt/format.h>
 
-#include "gateway/GatewayPreset.h"
+#include <string_view>
+
+#include "app/Option.h"
 
 namespace tidewright::app {
 
 namespace {
 
-std::string presetIds() {
-    std::string ids;
-    for (const auto& preset : gateway::GatewayPreset::all)
-        ids += (ids.empty() ? "" : ", ") + std::string(preset.id);
-    return ids;
+constexpr std::size_t effectColumn = 30;
+
+std::string lineAbout(const Option& option) {
+    const std::string given = fmt::format("  {}{}{}", option.name,
+                                          option.valueName.french.empty() ? "" : " ",
+                                          option.valueName.french);
+    std::string line = fmt::format("{:<{}}{}", given, effectColumn, option.effect.french);
+    if (!option.otherwise.empty()) line += fmt::format(" ({})", option.otherwise);
+    if (!option.words.empty())
+        line += fmt::format(" :\n{:{}}{}", "", effectColumn, fmt::join(option.words, ", "));
+    return line + "\n";
+}
+
+std::string linesAbout(bool questions) {
+    std::string lines;
+    for (const Option& each : allOptions())
+        if (each.isQuestion == questions && each.name != "--headless") lines += lineAbout(each);
+    return lines;
 }
 
 }  // namespace
@@ -30,20 +45,10 @@ application de navigation sans bateau.
   tidewright --headless       émet sans fenêtre, jusqu'à Ctrl-C
 
 Options, avec --headless :
-  --preset NOM                imite une passerelle :
-                              {}
-  --tcp-port PORT             port TCP, 1 à 65535 (2000)
-  --udp-port PORT             port UDP, 0 à 65535 (2000)
-  --no-tcp, --no-udp          coupe cette sortie
-  --ais NOMBRE                navires AIS simulés (5)
-  --program NOM               sequence, beat, reach ou run (sequence)
-  --wind-range MIN-MAX        vent en nœuds, par exemple 8-16
-  --polar POURCENT            part de la polaire atteinte, 70 à 115 (100)
-  --no-steps                  sans les paliers d'équipage
-
-  --help, --version           cette aide, la version
-)",
-        presetIds());
+{}
+Sans lui aussi :
+{})",
+        linesAbout(false), linesAbout(true));
 }
 
 }  // namespace tidewright::app

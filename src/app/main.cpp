@@ -5,6 +5,8 @@
 #include "app/CommandLine.h"
 #include "app/HeadlessRunner.h"
 #include "app/Help.h"
+#include "app/SettingsList.h"
+#include "app/StandardError.h"
 #include "app/UncaughtException.h"
 #include "app/WindowLauncher.h"
 
@@ -23,6 +25,11 @@ int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);  // standard error may be a pipe that nobody reads any more
     endWhenResourcesRunOut();
     const Arguments arguments(argv, argv + argc);
+    if (const auto problem = CommandLine::problem(arguments)) {
+        writeStandardError("ERREUR : " + *problem + "\n");
+        return 2;
+    }
+    if (CommandLine::contains("--settings", arguments)) return print(settingsList());
     if (CommandLine::contains("--headless", arguments)) return HeadlessRunner::run(arguments);
     if (CommandLine::contains("--help", arguments)) return print(helpText());
     if (CommandLine::contains("--version", arguments)) return print(versionText());

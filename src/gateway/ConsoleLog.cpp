@@ -38,9 +38,15 @@ void ConsoleLog::append(platform::WallTime now, std::string_view transport, std:
     lines_.push_back({.id = {high, low},
                       .time = clockText(now + utcOffset_(now)),
                       .transport = std::string(transport),
-                      .text = std::string(trimmed(text))});
+                      .text = std::string(trimmed(text)),
+                      .missedBefore = std::exchange(missedSinceLast_, 0)});
     ++appendedCount_;
     if (lines_.size() > capacity) lines_.pop_front();
+}
+
+void ConsoleLog::miss() {
+    ++missedCount_;
+    ++missedSinceLast_;
 }
 
 std::string ConsoleLog::asText() const {

@@ -25,6 +25,7 @@ struct ConsoleLine {
     std::string time;       ///< local, "HH:mm:ss"
     std::string transport;  ///< "SYS", "TCP" or "UDP"
     std::string text;       ///< without white space at its ends
+    std::uint64_t missedBefore = 0;  ///< lines that were to be logged right before it, and were not
 
     /// As it is copied: "14:03:27 TCP > text".
     std::string copyText() const;
@@ -48,7 +49,7 @@ public:
     void append(platform::WallTime now, std::string_view transport, std::string_view text);
 
     /// Counts a line that was to be logged and was not.
-    void miss() { ++missedCount_; }
+    void miss();
 
     /// How many lines were ever missed.
     std::uint64_t missedCount() const { return missedCount_; }
@@ -64,6 +65,7 @@ private:
     std::deque<ConsoleLine> lines_;
     std::uint64_t appendedCount_ = 0;
     std::uint64_t missedCount_ = 0;
+    std::uint64_t missedSinceLast_ = 0;  // since the newest line
 };
 
 }  // namespace tidewright::gateway

@@ -1,34 +1,12 @@
 #pragma once
 
-#include <array>
 #include <optional>
-#include <string_view>
 #include <vector>
 
-#include "gateway/SimulationConfig.h"
+#include "gateway/SentenceFamily.h"
 #include "platform/MainLoop.h"
 
 namespace tidewright::gateway {
-
-/// The sentences that are sent together, in the order in which families due together go out.
-enum class SentenceKind {
-    position,
-    courseSpeed,
-    heading,
-    boatSpeed,
-    wind,
-    depth,
-    temperature,
-    ais
-};
-
-inline constexpr std::array allSentenceKinds{SentenceKind::position,    SentenceKind::courseSpeed,
-                                             SentenceKind::heading,     SentenceKind::boatSpeed,
-                                             SentenceKind::wind,        SentenceKind::depth,
-                                             SentenceKind::temperature, SentenceKind::ais};
-
-/// As in "courseSpeed".
-std::string_view rawValue(SentenceKind kind);
 
 struct ScheduledSentence {
     SentenceKind kind;

@@ -8,19 +8,26 @@
 #include <unordered_map>
 #include <utility>
 
-#include "gateway/FamilySentences.h"
-#include "platform/Check.h"
+#include "encoding/TagBlock.h"
+#include "gateway/SentenceFamily.h"
 
 namespace tidewright::gateway {
 
 GatewaySimulator::GatewaySimulator(simulation::BoatSimulationEngine& engine,
-                                   SimulationConfig& config, FailureInjection& failure, Host host)
+                                   SimulationConfig& config, faults::FailureInjection& faults,
+                                   Host host)
     : interface(*this, host.bestInterface()),
       engine_(engine),
       config_(config),
-      failure_(failure),
+      faults_(faults),
       host_(std::move(host)),
-      console_(host_.random, host_.utcOffset) {
+      console_(host_.random, host_.utcOffset),
+      sensorFaults_(faults),
+      sentenceFaults_(faults),
+      delivery_(host_.loop, host_.random, faults,
+                [this](std::string sentence) { sendNow(std::move(sentence)); }),
+      limitChanges_(
+          config.observe([this] { host_.tcp->limitClients(config_.tcpClientLimit.get()); })) {
     host_.tcp->onClientsChanged = lifetime_.guard(
         [this](const std::vector<network::ConnectedClient>& connected) { listClients(connected); });
     host_.tcp->onTraffic = lifetime_.guard(
@@ -34,7 +41,9 @@ void GatewaySimulator::start() {
     interface = host_.bestInterface();
     if (!startTransports() || !startEngine()) return;
     schedule_ = EmissionSchedule(config_);
-    opened_ = {.tcp = config_.tcpEnabled, .udp = config_.udpEnabled};
+    outputs_ = {.tcp = config_.tcpEnabled,
+                .udp = config_.udpEnabled,
+                .udpFollows = config_.udpDestination == udpFollowsNetwork};
     startTimers();
     isRunning = true;
     log("SYS", "Simulation démarrée — " + summaryLine());
@@ -58,8 +67,8 @@ void GatewaySimulator::stop() {
 
 bool GatewaySimulator::isSilent() const {
     const bool anyOutput =
-        (opened_.tcp && config_.tcpEnabled) || (opened_.udp && config_.udpEnabled);
-    return isRunning && (failure_.stopStream || failure_.packetLossPercent >= 100 || !anyOutput ||
+        (outputs_.tcp && config_.tcpEnabled) || (outputs_.udp && config_.udpEnabled);
+    return isRunning && (faults_.stopStream || faults_.packetLossPercent >= 100 || !anyOutput ||
                          schedule_.entries().empty());
 }
 
@@ -151,11 +160,25 @@ bool GatewaySimulator::startTransports() {
             return false;
         }
     }
-    if (config_.udpEnabled) {
-        const auto& chosen = interface.get();
-        host_.udp->start(chosen ? chosen->broadcast : "255.255.255.255", config_.udpPort);
-    }
+    if (config_.udpEnabled) host_.udp->start(udpDestination(), config_.udpPort);
     return true;
+}
+
+std::string GatewaySimulator::udpDestination() const {
+    if (!broadcastsUdp()) return config_.udpDestination;
+    return interface.get() ? interface->value().broadcast : "255.255.255.255";
+}
+
+bool GatewaySimulator::broadcastsUdp() const {
+    return config_.udpDestination == udpAutomatic || config_.udpDestination == udpFollowsNetwork;
+}
+
+void GatewaySimulator::followNetwork() {
+    auto found = host_.bestInterface();
+    if (found == interface) return;
+    interface = std::move(found);
+    host_.udp->start(udpDestination(), config_.udpPort);
+    log("SYS", "UDP vers " + udpDestination());
 }
 
 bool GatewaySimulator::startEngine() {
@@ -190,67 +213,34 @@ std::string GatewaySimulator::summaryLine() const {
 }
 
 void GatewaySimulator::pump() {
-    if (!isRunning || failure_.stopStream) return;
-    for (const SentenceKind kind : schedule_.takeDue(host_.loop.now())) emit(kind);
+    if (!isRunning || faults_.stopStream) return;
+    for (const SentenceKind kind : schedule_.takeDue(host_.loop.now())) emit(family(kind));
 }
 
-void GatewaySimulator::emit(SentenceKind kind) {
-    if (!isSilenced(kind)) deliver(sentences(kind));
+void GatewaySimulator::emit(const SentenceFamily& family) {
+    if (family.silencer && faults_.*family.silencer) return;
+    const simulation::BoatState reported = sensorFaults_.reported(engine_.state);
+    delivery_.deliver(sentenceFaults_.apply(family.sentences({.boat = reported,
+                                                              .vessels = engine_.traffic.targets,
+                                                              .aisReports = aisReports_,
+                                                              .gpsTalker = config_.gpsTalker,
+                                                              .aisHz = config_.aisHz,
+                                                              .now = host_.loop.wallClock()})));
 }
 
-bool GatewaySimulator::isSilenced(SentenceKind kind) const {
-    switch (kind) {
-        case SentenceKind::position:
-        case SentenceKind::courseSpeed:
-            return failure_.disableGPS;
-        case SentenceKind::wind:
-            return failure_.disableWind;
-        case SentenceKind::ais:
-            return failure_.disableAIS;
-        default:
-            return false;
-    }
-}
-
-std::vector<std::string> GatewaySimulator::sentences(SentenceKind kind) {
-    const bool corrupt = failure_.invalidChecksum;
-    if (kind == SentenceKind::ais)
-        return aisReports_.next(engine_.traffic.targets, {corrupt, host_.loop.wallClock()},
-                                config_.aisHz);
-    return familySentences(kind, engine_.state, config_.gpsTalker, corrupt);
-}
-
-void GatewaySimulator::deliver(std::vector<std::string> sentences) {
-    for (std::string& each : sentences) {
-        if (isLost()) continue;
-        auto sentence = std::make_shared<const std::string>(std::move(each));
-        const std::int64_t latency = failure_.latencyMs;
-        if (latency < 1) {
-            sendNow(sentence);
-            continue;
-        }
-        platform::check(latency <= std::chrono::milliseconds::max().count() / 1'000'000,
-                        "a latency must be countable in nanoseconds");
-        host_.loop.after(std::chrono::milliseconds(latency),
-                         lifetime_.guard([this, sentence] { sendNow(sentence); }));
-    }
-}
-
-bool GatewaySimulator::isLost() {
-    if (failure_.packetLossPercent < 1) return false;
-    return host_.random.below(100) < failure_.packetLossPercent;
-}
-
-void GatewaySimulator::sendNow(const network::SharedBytes& sentence) {
+void GatewaySimulator::sendNow(std::string sentence) {
+    if (config_.tagBlock && !encoding::hasTagBlock(sentence))
+        sentence.insert(0, encoding::tagBlock(host_.loop.wallClock()));
+    const auto bytes = std::make_shared<const std::string>(std::move(sentence));
     if (config_.tcpEnabled) {
-        host_.tcp->broadcast(sentence);
-        throughput_.addBytes(sentence->size());
-        log("TCP", *sentence);
+        host_.tcp->broadcast(bytes);
+        throughput_.addBytes(bytes->size());
+        log("TCP", *bytes);
     }
     if (config_.udpEnabled) {
-        host_.udp->send(sentence);
-        throughput_.addBytes(sentence->size());
-        log("UDP", *sentence);
+        host_.udp->send(bytes);
+        throughput_.addBytes(bytes->size());
+        log("UDP", *bytes);
     }
     throughput_.addMessage();
 }
@@ -261,6 +251,7 @@ void GatewaySimulator::statisticsTick() {
     messagesPerSecond = measured.messagesPerSecond;
     kilobytesPerSecond = measured.kilobytesPerSecond;
     if (!clients->empty()) host_.tcp->askForTraffic();
+    if (outputs_.udp && outputs_.udpFollows) followNetwork();
 }
 
 void GatewaySimulator::extendTrack() {
@@ -268,7 +259,7 @@ void GatewaySimulator::extendTrack() {
 }
 
 void GatewaySimulator::maybeRandomDisconnect() {
-    if (failure_.randomDisconnections && !tcpClients->empty()) dropClients();
+    if (faults_.randomDisconnections && !tcpClients->empty()) dropClients();
 }
 
 }  // namespace tidewright::gateway

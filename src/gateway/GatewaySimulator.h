@@ -8,10 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "faults/Delivery.h"
+#include "faults/FailureInjection.h"
+#include "faults/SensorFaults.h"
+#include "faults/SentenceFaults.h"
 #include "gateway/AISReports.h"
 #include "gateway/ConsoleLog.h"
 #include "gateway/EmissionSchedule.h"
-#include "gateway/FailureInjection.h"
 #include "gateway/GatewayClient.h"
 #include "gateway/Host.h"
 #include "gateway/SimulationConfig.h"
@@ -31,9 +34,9 @@ public:
     static constexpr auto statisticsPeriod = std::chrono::seconds(1);
     static constexpr auto disconnectPeriod = std::chrono::seconds(8);
 
-    /// `engine`, `config` and `failure` must outlive this.
+    /// `engine`, `config` and `faults` must outlive this.
     GatewaySimulator(simulation::BoatSimulationEngine& engine, SimulationConfig& config,
-                     FailureInjection& failure, Host host);
+                     faults::FailureInjection& faults, Host host);
 
     platform::Published<bool> isRunning{*this, false};
 
@@ -83,6 +86,13 @@ public:
     /// Makes the AIS vessels anew, as many as the settings say; lastError where memory lacks.
     void regenerateAIS();
 
+    /// The IPv4 address to which datagrams are sent in this run, or would be in the next; dotted
+    /// decimal.
+    std::string udpDestination() const;
+
+    /// Whether that is the broadcast address of a network, found by itself.
+    bool broadcastsUdp() const;
+
     /// Throws every TCP client out; they may come back at once.
     void dropClients();
 
@@ -103,16 +113,18 @@ public:
 
     /// Sends the families that are due.
     void pump();
-    /// Publishes what went out since the last call, takes the boat's position for the track, and
-    /// asks what each client was sent.
+    /// Publishes what went out since the last call, takes the boat's position for the track, asks
+    /// what each client was sent, and follows the network to which datagrams go, if it is to.
     void statisticsTick();
     /// Drops the clients, if any, while that fault is on.
     void maybeRandomDisconnect();
 
 private:
-    struct OpenOutputs {
+    /// As they were opened at the last start.
+    struct Outputs {
         bool tcp = false;
         bool udp = false;
+        bool udpFollows = false;  ///< the network that the machine is on
     };
 
     void listClients(const std::vector<network::ConnectedClient>& connected);
@@ -124,24 +136,25 @@ private:
     void startTimers();
     std::int64_t wantedTargets() const;
     std::string summaryLine() const;
-    void emit(SentenceKind kind);
-    bool isSilenced(SentenceKind kind) const;
-    std::vector<std::string> sentences(SentenceKind kind);
-    void deliver(std::vector<std::string> sentences);
-    bool isLost();
+    void followNetwork();
+    void emit(const SentenceFamily& family);
     void extendTrack();
-    void sendNow(const network::SharedBytes& sentence);
+    void sendNow(std::string sentence);
 
     simulation::BoatSimulationEngine& engine_;
     SimulationConfig& config_;
-    FailureInjection& failure_;
+    faults::FailureInjection& faults_;
     Host host_;
     ConsoleLog console_;
     EmissionSchedule schedule_;
-    OpenOutputs opened_;  // at the last start
+    Outputs outputs_;
     ThroughputMeter throughput_;
     AISReports aisReports_;
     simulation::Track track_;
+    faults::SensorFaults sensorFaults_;
+    faults::SentenceFaults sentenceFaults_;
+    faults::Delivery delivery_;
+    platform::Subscription limitChanges_;
     platform::Subscription scheduler_;
     platform::Subscription statsTimer_;
     platform::Subscription disconnectTimer_;

@@ -2,15 +2,21 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "gateway/GatewayPreset.h"
 #include "platform/Observable.h"
 
 namespace tidewright::gateway {
 
+/// Where datagrams go: to the broadcast address of the network that the machine is on at the start;
+/// or on from there, to that of every network it moves to.
+inline constexpr std::string_view udpAutomatic = "auto";
+inline constexpr std::string_view udpFollowsNetwork = "follow";
+
 /// What the gateway sends, how often and where. Nothing is checked here: a rate of 0 or below
-/// leaves its family out, port 0 fails at the start. The talker acts at once, the number of vessels
-/// when they are made anew, everything else at the next start.
+/// leaves its family out, port 0 fails at the start. The talker, the limit and the TAG block act at
+/// once, the number of vessels when they are made anew, everything else at the next start.
 struct SimulationConfig : platform::Observable {
     platform::Published<GatewayPreset> preset{*this, GatewayPreset::all.front()};  ///< last applied
     platform::Published<bool> tcpEnabled{*this, true};
@@ -18,6 +24,11 @@ struct SimulationConfig : platform::Observable {
     platform::Published<std::uint16_t> tcpPort{*this, 2000};
     platform::Published<std::uint16_t> udpPort{*this, 2000};
     platform::Published<std::string> gpsTalker{*this, "GP"};  ///< of RMC, GGA and VTG
+
+    /// udpAutomatic, udpFollowsNetwork, or an IPv4 address: of one host, of a network, of a group.
+    platform::Published<std::string> udpDestination{*this, std::string(udpAutomatic)};
+    platform::Published<std::int64_t> tcpClientLimit{*this, 0};  ///< <= 0: none
+    platform::Published<bool> tagBlock{*this, false};  ///< before each sentence: source and time
 
     platform::Published<bool> gps{*this, true};  ///< position, and course over ground
     platform::Published<bool> heading{*this, true};

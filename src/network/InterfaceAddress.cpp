@@ -54,4 +54,9 @@ std::vector<InterfaceAddress> interfaceAddresses() {
     return addresses;
 }
 
+bool isIPv4Address(const std::string& text) {
+    in_addr address{};
+    return inet_pton(AF_INET, text.c_str(), &address) == 1;
+}
+
 }  // namespace tidewright::network

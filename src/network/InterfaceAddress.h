@@ -20,4 +20,7 @@ struct InterfaceAddress {
 /// the system refuses to tell.
 std::vector<InterfaceAddress> interfaceAddresses();
 
+/// Whether `text` is an IPv4 address, in dotted decimal and nothing more.
+bool isIPv4Address(const std::string& text);
+
 }  // namespace tidewright::network

@@ -1,6 +1,7 @@
 #include "network/StreamClients.h"
 
 #include <asio/io_context.hpp>
+#include <iterator>
 #include <utility>
 
 #include "network/ClientList.h"
@@ -18,7 +19,7 @@ constexpr int clientsATurn = 256;
 
 }  // namespace
 
-void StreamClients::add(asio::ip::tcp::socket socket) {
+void StreamClients::add(asio::ip::tcp::socket socket, std::int64_t limit) {
     asio::error_code error;
     const auto remote = socket.remote_endpoint(error);
     if (error) return;
@@ -26,6 +27,7 @@ void StreamClients::add(asio::ip::tcp::socket socket) {
     const auto client = std::make_shared<TCPClient>(
         std::move(socket), ConnectedClient{number, describe(remote.address().to_string())}, tape_,
         [this](const TCPClient& failed) { remove(failed); });
+    if (limit > 0 && std::ssize(clients_) >= limit) return close({{number, client}});
     clients_.emplace(number, client);
     client->start();
     changed_();

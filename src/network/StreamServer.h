@@ -53,6 +53,10 @@ public:
     /// is too slow for its owner, whole sentences are dropped and counted.
     virtual void broadcast(SharedBytes sentence) = 0;
 
+    /// From now on, whoever comes while `limit` (> 0) clients are there is sent away with a clean
+    /// end of stream, and never listed; 0 or below: nobody is. Who is there stays. Returns at once.
+    virtual void limitClients(std::int64_t limit) = 0;
+
     /// Closes every client, and returns at once. The listener stays: they may come back.
     virtual void dropAllClients() = 0;
 

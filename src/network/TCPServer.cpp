@@ -44,7 +44,7 @@ struct TCPServer::Core {
     asio::error_code listen(std::uint16_t port) {
         listener = std::make_shared<TCPListener>(
             queue.context(),
-            [this](asio::ip::tcp::socket socket) { clients.add(std::move(socket)); },
+            [this](asio::ip::tcp::socket socket) { clients.add(std::move(socket), limit); },
             [this, itsRun = run.load()](const asio::error_code& error) {
                 reportFailure(itsRun, error.message());
             });
@@ -83,8 +83,8 @@ struct TCPServer::Core {
     const TCPServer& owner;
     platform::MainLoop& mainLoop;
     platform::Lifetime lifetime;
-    std::atomic<std::uint64_t> run =
-        0;  // counts the calls of stop(): which of them a failure is of
+    std::atomic<std::uint64_t> run = 0;  // how often stop() was called; a failure is of one run
+    std::atomic<std::int64_t> limit = 0;  // of clients; <= 0: none
     std::atomic<std::uint64_t> sentencesMissedByClients = 0;
     ClientReports reports{mainLoop, queue, [this] { return listClients(); },
                           [this](const std::vector<ConnectedClient>& list) {
@@ -121,6 +121,10 @@ void TCPServer::stop() {
 
 void TCPServer::broadcast(SharedBytes sentence) {
     core_->inbox.post(std::move(sentence));
+}
+
+void TCPServer::limitClients(std::int64_t limit) {
+    core_->limit = limit;
 }
 
 void TCPServer::dropAllClients() {

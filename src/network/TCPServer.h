@@ -21,6 +21,7 @@ public:
     std::optional<StartFailure> start(std::uint16_t port) override;
     void stop() override;
     void broadcast(SharedBytes sentence) override;
+    void limitClients(std::int64_t limit) override;
     void dropAllClients() override;
     void drop(std::uint64_t number) override;
     void askForTraffic() override;

@@ -3,6 +3,7 @@
 #include <asio/buffer.hpp>
 #include <asio/error.hpp>
 #include <asio/io_context.hpp>
+#include <asio/ip/multicast.hpp>
 #include <asio/ip/udp.hpp>
 #include <asio/steady_timer.hpp>
 #include <atomic>
@@ -59,6 +60,7 @@ struct UDPBroadcaster::Core {
         if (error) return;
         socket.set_option(asio::socket_base::broadcast(true), error);
         socket.set_option(asio::socket_base::reuse_address(true), error);
+        socket.set_option(asio::ip::multicast::hops(1), error); // a group stays on this network
         socket.non_blocking(true, error);
         destination = {addressOrEveryone(broadcast), port};
     }

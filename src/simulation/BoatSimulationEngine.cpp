@@ -15,11 +15,11 @@ BoatSimulationEngine::BoatSimulationEngine(platform::MainLoop& loop, platform::R
 void BoatSimulationEngine::start(std::int64_t aisTargets) {
     timer_.reset();
     sailing_ = SailingSimulation(program, environment, random_.bits());
-    BoatState home = BoatState::starting(loop_.wallClock());
-    sailing_.prime(home, loop_.wallClock());
-    state = home;
+    BoatState first = BoatState::starting(loop_.wallClock(), home);
+    sailing_.prime(first, loop_.wallClock());
+    state = first;
     anchor_.reset();
-    if (mode == ControlMode::anchor) anchor_.emplace(home, anchorSettings);
+    if (mode == ControlMode::anchor) dropAnchor();
     autoStatus = sailing_.statusLine();
     setAISTargets(aisTargets);
     lastTick_ = loop_.now();
@@ -40,7 +40,11 @@ bool BoatSimulationEngine::triggerManeuver(Maneuver maneuver) {
 void BoatSimulationEngine::modeChanged(ControlMode previous) {
     if (mode == previous) return;
     if (mode == ControlMode::auto_) sailing_.needsResync = true;
-    if (mode == ControlMode::anchor) anchor_.emplace(state, anchorSettings);
+    if (mode == ControlMode::anchor) dropAnchor();
+}
+
+void BoatSimulationEngine::dropAnchor() {
+    anchor_.emplace(state, anchorSettings);
 }
 
 void BoatSimulationEngine::programChanged() {

@@ -12,6 +12,7 @@
 #include "simulation/BoatState.h"
 #include "simulation/ControlMode.h"
 #include "simulation/ManualTargets.h"
+#include "simulation/Position.h"
 #include "simulation/SailingEnvironment.h"
 #include "simulation/SailingProgram.h"
 #include "simulation/SailingSimulation.h"
@@ -44,6 +45,9 @@ public:
     platform::Published<SailingEnvironment> environment{
         *this, {}, [this](const SailingEnvironment&) { sailing_.setEnvironment(environment); }};
 
+    /// Where runs begin; acts at the next start.
+    platform::Published<Position> home{*this, homeOffQuiberon};
+
     /// What the boat is doing in automatic mode, three lines of French; empty before start().
     platform::Published<std::string> autoStatus{*this, {}};
 
@@ -63,6 +67,9 @@ public:
     /// Replaces the vessels by `count` new ones around the boat. Throws std::bad_alloc, leaving
     /// none, where memory cannot hold them.
     void setAISTargets(std::int64_t count);
+
+    /// Drops the anchor anew, so that the boat lies to it where she is.
+    void dropAnchor();
 
     /// Tacks or gybes at once. Refused outside automatic mode and during a manoeuvre.
     bool triggerManeuver(Maneuver maneuver);

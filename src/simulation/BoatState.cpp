@@ -6,9 +6,9 @@
 
 namespace tidewright::simulation {
 
-BoatState BoatState::starting(platform::WallTime timestamp) {
-    return {.latitude = 47.4,
-            .longitude = -3.55,
+BoatState BoatState::starting(platform::WallTime timestamp, Position home) {
+    return {.latitude = home.latitude,
+            .longitude = home.longitude,
             .sog = 6.0,
             .cog = 120.0,
             .heading = 125.0,

@@ -3,8 +3,12 @@
 #include <cstdint>
 
 #include "platform/MainLoop.h"
+#include "simulation/Position.h"
 
 namespace tidewright::simulation {
+
+/// Where runs begin unless somebody chooses another place.
+inline constexpr Position homeOffQuiberon{.latitude = 47.4, .longitude = -3.55};
 
 /// What the instruments of the boat show at one moment.
 struct BoatState {
@@ -26,8 +30,8 @@ struct BoatState {
 
     bool operator==(const BoatState&) const = default;
 
-    /// The home state, in which every run begins: off Quiberon, at `timestamp`.
-    static BoatState starting(platform::WallTime timestamp);
+    /// The state in which every run begins: at `home`, at `timestamp`.
+    static BoatState starting(platform::WallTime timestamp, Position home = homeOffQuiberon);
 
     /// Dead reckoning: moves the position by sog and cog for `dt` seconds. Where a degree of
     /// longitude is shorter than a metre (at the poles) the longitude stays.

@@ -62,10 +62,6 @@ struct SailingSimulation {
     double time = 0;                    ///< seconds sailed since construction
     bool needsResync = false;  ///< the next step takes the helm over from the boat as it lies
 
-    struct Position {
-        double latitude = 0;
-        double longitude = 0;
-    };
     std::optional<Position> home;  ///< boards lead back to it
 
     /// Draws the wind's phases, its own, leg 0 and the length of the first crew step, in that

@@ -173,7 +173,6 @@ std::uint64_t ConsoleModel::oldestPosition() const {
 
 void ConsoleModel::removeFront() {
     const std::uint64_t oldest = oldestPosition();
-    while (!notes_.empty() && notes_.front().first < oldest) notes_.pop_front();
     while (!lines_.empty() && lines_.front().position < oldest) {
         lines_.pop_front();
         ++removed_;
@@ -183,15 +182,11 @@ void ConsoleModel::removeFront() {
 void ConsoleModel::append() {
     const auto& lines = simulator_.consoleLines();
     const std::uint64_t oldest = oldestPosition();
-    const std::uint64_t missed = simulator_.consoleMissedCount();
     std::uint64_t position = std::max(lastPosition_ + 1, oldest);
     for (; position <= simulator_.consoleAppendedCount(); ++position) {
         const gateway::ConsoleLine& line = lines[position - oldest];
-        if (missed != missedTold_)
-            notes_.emplace_back(position,
-                                missedNote(missed - std::exchange(missedTold_, missed), line.time));
-        for (const auto& [stands, note] : notes_)
-            if (stands == position) appendLine(position, note);
+        if (line.missedBefore > 0)
+            appendLine(position, missedNote(line.missedBefore, line.time));
         if (filter_.passes(line)) appendLine(position, line);
     }
     lastPosition_ = simulator_.consoleAppendedCount();

@@ -142,11 +142,9 @@ private:
     ConsoleFilter filter_;
     int columns_ = std::numeric_limits<int>::max();
     std::deque<Line> lines_;
-    std::deque<std::pair<std::uint64_t, gateway::ConsoleLine>> notes_;  // with where they stand
     std::uint64_t end_ = 0;
     std::uint64_t removed_ = 0;       // lines that were here once
     std::uint64_t lastPosition_ = 0;  // of the last line looked at
-    std::uint64_t missedTold_ = 0;    // how many missed lines the notes tell of
     ConsoleSelection selection_;
 };
 

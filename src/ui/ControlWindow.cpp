@@ -9,17 +9,16 @@ void qml_register_types_Tidewright();  // generated; a static library would drop
 
 namespace tidewright::ui {
 
-ControlWindow::ControlWindow(Gateway gateway, platform::MainLoop& loop,
+ControlWindow::ControlWindow(gateway::Assembly& assembly, platform::MainLoop& loop,
                              SimulatorBridge::SetClipboard setClipboard)
-    : engine_(gateway.engine),
-      config_(gateway.config),
-      failure_(gateway.failure),
-      simulator_(gateway.simulator, gateway.config, gateway.failure, loop,
-                 std::move(setClipboard)) {
+    : engine_(assembly.engine),
+      settings_(assembly),
+      actions_(assembly.actions),
+      simulator_(assembly, loop, std::move(setClipboard)) {
     qml_register_types_Tidewright();
     qml_.setInitialProperties({{QStringLiteral("engine"), QVariant::fromValue(&engine_)},
-                               {QStringLiteral("config"), QVariant::fromValue(&config_)},
-                               {QStringLiteral("failure"), QVariant::fromValue(&failure_)},
+                               {QStringLiteral("settings"), QVariant::fromValue(&settings_)},
+                               {QStringLiteral("actions"), QVariant::fromValue(&actions_)},
                                {QStringLiteral("simulator"), QVariant::fromValue(&simulator_)}});
     qml_.load(QUrl(QStringLiteral("qrc:/qt-project.org/imports/Tidewright/qml/Main.qml")));
     platform::check(!qml_.rootObjects().isEmpty(), "the window cannot be built");

@@ -1,21 +1,21 @@
 #include "ui/DialText.h"
 
-#include <fmt/printf.h>
+#include <fmt/format.h>
 
 #include <QLocale>
 #include <QRegularExpression>
 #include <limits>
-#include <string>
+
+#include "ui/Texts.h"
 
 namespace tidewright::ui {
 
-QString DialText::of(const QString& format, double value, const QString& unit) {
-    const QString number = QString::fromStdString(fmt::sprintf(format.toStdString(), value));
-    if (unit.isEmpty()) return number;
-    return unit == QStringLiteral("°") ? number + unit : number + QLatin1Char(' ') + unit;
+QString dialText(double value, int decimals, std::string_view unit) {
+    const bool isApart = !unit.empty() && unit != "°";
+    return toQt(fmt::format("{:.{}f}{}{}", value, decimals, isApart ? " " : "", unit));
 }
 
-double DialText::number(const QString& text, const QString& unit) {
+double dialNumber(const QString& text, const QString& unit) {
     static const QRegularExpression decimal(QStringLiteral("^[+-]?[0-9]+([.,][0-9]+)?$"));
     QString digits = text.trimmed();
     if (digits.endsWith(unit)) digits = digits.chopped(unit.size()).trimmed();

@@ -8,20 +8,17 @@
 
 namespace tidewright::ui {
 
-SimulatorBridge::SimulatorBridge(gateway::GatewaySimulator& simulator,
-                                 const gateway::SimulationConfig& config,
-                                 const gateway::FailureInjection& failure, platform::MainLoop& loop,
+SimulatorBridge::SimulatorBridge(gateway::Assembly& assembly, platform::MainLoop& loop,
                                  SetClipboard setClipboard)
-    : simulator_(simulator),
-      config_(config),
+    : simulator_(assembly.gateway),
+      config_(assembly.config),
       loop_(loop),
       setClipboard_(std::move(setClipboard)),
-      console_(simulator, this),
+      console_(assembly.gateway, this),
       clients_(this),
       shown_(current()),
-      changes_(simulator.observe([this] { updateSoon(); })),
-      configChanges_(config.observe([this] { updateSoon(); })),
-      failureChanges_(failure.observe([this] { updateSoon(); })) {}
+      changes_(assembly.gateway.observe([this] { updateSoon(); })),
+      settingsChanges_(assembly.settings.observe([this] { updateSoon(); })) {}
 
 QString SimulatorBridge::ipAddress() const {
     const auto& interface = simulator_.interface.get();
@@ -70,14 +67,6 @@ void SimulatorBridge::stop() {
     simulator_.stop();
     update();
     updateConsole();
-}
-
-void SimulatorBridge::regenerateAIS() {
-    simulator_.regenerateAIS();
-}
-
-void SimulatorBridge::dropClients() {
-    simulator_.dropClients();
 }
 
 void SimulatorBridge::dropClient(double number) {

@@ -4,8 +4,7 @@
 #include <QObject>
 #include <QString>
 
-#include "gateway/GatewaySimulator.h"
-#include "gateway/SimulationConfig.h"
+#include "gateway/Assembly.h"
 #include "platform/Lifetime.h"
 #include "platform/MainLoop.h"
 #include "platform/Subscription.h"
@@ -42,8 +41,7 @@ public:
     using SetClipboard = std::function<void(const std::string&)>;
 
     /// All arguments must outlive this.
-    SimulatorBridge(gateway::GatewaySimulator& simulator, const gateway::SimulationConfig& config,
-                    const gateway::FailureInjection& failure, platform::MainLoop& loop,
+    SimulatorBridge(gateway::Assembly& assembly, platform::MainLoop& loop,
                     SetClipboard setClipboard);
 
     bool isRunning() const { return simulator_.isRunning; }
@@ -65,8 +63,6 @@ public:
 
     Q_INVOKABLE void start();
     Q_INVOKABLE void stop();
-    Q_INVOKABLE void regenerateAIS();
-    Q_INVOKABLE void dropClients();
     Q_INVOKABLE void dropClient(double number);
     Q_INVOKABLE void refreshClients();  ///< as time passes, their durations do
     Q_INVOKABLE void clearConsole();
@@ -103,8 +99,7 @@ private:
     bool updatingConsole_ = false;    // a look at its console is
     std::uint64_t missedBefore_ = 0;  // console lines missed before this pause
     platform::Subscription changes_;
-    platform::Subscription configChanges_;
-    platform::Subscription failureChanges_;
+    platform::Subscription settingsChanges_;
     platform::Lifetime lifetime_;
 };
 

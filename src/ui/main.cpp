@@ -5,7 +5,7 @@
 #include <csignal>
 #include <string>
 
-#include "gateway/Host.h"
+#include "gateway/Assembly.h"
 #include "platform/SystemRandom.h"
 #include "ui/ControlWindow.h"
 #include "ui/Fonts.h"
@@ -51,11 +51,7 @@ int main(int argc, char** argv) {
 
     platform::SystemRandom random;
     ui::QtMainLoop loop;
-    gateway::SimulationConfig config;
-    gateway::FailureInjection failure;
-    simulation::BoatSimulationEngine engine(loop, random);
-    gateway::GatewaySimulator simulator(engine, config, failure,
-                                        gateway::Host::machine(loop, random, setClipboard));
-    const ui::ControlWindow window({engine, config, failure, simulator}, loop, setClipboard);
+    gateway::Assembly assembly(gateway::Host::machine(loop, random, setClipboard));
+    const ui::ControlWindow window(assembly, loop, setClipboard);
     return QGuiApplication::exec();
 }

@@ -15,13 +15,13 @@ struct HeadlessRunnerTest : testing::Test {
     ScriptedRandom random;
     PretendHost host;
     std::string written;
-    bool failed = false;
+    int status = 0;  ///< 0: still runs
 
     HeadlessRunner run(Arguments options) {
         options.insert(options.begin(), {"tidewright", "--headless"});
         return HeadlessRunner(options, host.host(loop, random),
                               {.write = [this](std::string_view text) { written += text; },
-                               .fail = [this] { failed = true; }});
+                               .fail = [this](int its) { status = its; }});
     }
 };
 
@@ -51,7 +51,7 @@ TEST_F(HeadlessRunnerTest, writesNothingMoreWhileAllIsWell) {
     written.clear();
     loop.advance(1h);
     EXPECT_EQ(written, "");
-    EXPECT_FALSE(failed);
+    EXPECT_EQ(status, 0);
     EXPECT_GT(host.tcp->sentences.size(), 27 * 3600);
 }
 
@@ -60,9 +60,9 @@ TEST_F(HeadlessRunnerTest, failsASecondLaterWithoutAnyOutput) {
     EXPECT_EQ(written, "Tidewright — headless\n  AIS  5 targets\n  Ctrl-C pour arrêter.\n");
     written.clear();
     loop.advance(999ms);
-    EXPECT_FALSE(failed);
+    EXPECT_EQ(status, 0);
     loop.advance(1ms);
-    EXPECT_TRUE(failed);
+    EXPECT_EQ(status, 1);
     EXPECT_EQ(written, "ERREUR : Activez au moins une sortie (TCP ou UDP).\n");
 }
 
@@ -72,7 +72,7 @@ TEST_F(HeadlessRunnerTest, failsAtTheNextLookWhenThePortIsTaken) {
     loop.advance(2500ms);
     host.tcp->onFailed("Address already in use");
     loop.advance(500ms);
-    EXPECT_TRUE(failed);
+    EXPECT_EQ(status, 1);
     EXPECT_EQ(written,
               "ERREUR : Le port TCP 2345 est déjà utilisé : une autre instance du simulateur "
               "tourne probablement. Quittez-la (ou changez de port), puis relancez.\n");
@@ -82,7 +82,7 @@ TEST_F(HeadlessRunnerTest, saysThatMemoryLacksForTheFleet) {
     const auto runner = run({"--ais", "9223372036854775807"});
     written.clear();
     loop.advance(1s);
-    EXPECT_TRUE(failed);
+    EXPECT_EQ(status, 1);
     EXPECT_EQ(written, "ERREUR : Mémoire insuffisante pour 9223372036854775807 cibles AIS.\n");
 }
 

@@ -28,25 +28,25 @@ bool hasRightChecksum(const std::string& sentence) {
 
 TEST_F(FaultsTest, sendsNothingWhileTheStreamIsCutAndEverythingAtOnceAfterwards) {
     loop.advance(10s);
-    failure.stopStream = true;
+    faults.stopStream = true;
     EXPECT_THAT(sentencesDuring(10s), IsEmpty());
     EXPECT_EQ(gateway.messagesPerSecond, 0);
     EXPECT_EQ(gateway.kilobytesPerSecond, 0);
-    failure.stopStream = false;
+    faults.stopStream = false;
     EXPECT_THAT(addresses(sentencesDuring(50ms)), Contains("IIMTW"));
     EXPECT_EQ(countOf(host.udp->sentences, "GPRMC"), 11);
 }
 
 TEST_F(FaultsTest, stillSendsWhatWaitsForItsLatencyWhenTheStreamIsCut) {
-    failure.latencyMs = 300;
+    faults.latencyMs = 300;
     loop.advance(100ms);
-    failure.stopStream = true;
+    faults.stopStream = true;
     EXPECT_THAT(sentencesDuring(1s), Not(IsEmpty()));
     EXPECT_THAT(sentencesDuring(1s), IsEmpty());
 }
 
 TEST_F(FaultsTest, silencesTheGpsAndNothingElse) {
-    failure.disableGPS = true;
+    faults.disableGPS = true;
     const auto sent = sentencesDuring(10s);
     EXPECT_EQ(countOf(sent, "GPRMC") + countOf(sent, "GPGGA") + countOf(sent, "GPVTG"), 0);
     EXPECT_EQ(countOf(sent, "IIHDT"), 50);
@@ -54,36 +54,36 @@ TEST_F(FaultsTest, silencesTheGpsAndNothingElse) {
 }
 
 TEST_F(FaultsTest, silencesTheWind) {
-    failure.disableWind = true;
+    faults.disableWind = true;
     EXPECT_EQ(countOf(sentencesDuring(10s), "IIMWV"), 0);
 }
 
 TEST_F(FaultsTest, silencesAisAndStandsItsRhythmStill) {
     loop.advance(3s);
     const auto countdown = gateway.aisReports().staticCountdown();
-    failure.disableAIS = true;
+    faults.disableAIS = true;
     EXPECT_EQ(countOf(sentencesDuring(10s), "AIVDM"), 0);
     EXPECT_EQ(gateway.aisReports().staticCountdown(), countdown);
 }
 
 TEST_F(FaultsTest, keepsTheSlotOfASilencedFamily) {
-    failure.disableGPS = true;
+    faults.disableGPS = true;
     loop.advance(500ms);
-    failure.disableGPS = false;
+    faults.disableGPS = false;
     EXPECT_EQ(countOf(sentencesDuring(500ms), "GPRMC"), 0);  // its turn passed at 50 ms
     EXPECT_EQ(countOf(sentencesDuring(50ms), "GPRMC"), 1);
 }
 
 TEST_F(FaultsTest, invertsEveryChecksumWhileAsked) {
     EXPECT_TRUE(std::ranges::all_of(sentencesDuring(1s), hasRightChecksum));
-    failure.invalidChecksum = true;
+    faults.invalidChecksum = true;
     const auto corrupt = sentencesDuring(10s);
     EXPECT_TRUE(std::ranges::none_of(corrupt, hasRightChecksum));
     EXPECT_EQ(countOf(corrupt, "AIVDM"), 60);
 }
 
 TEST_F(FaultsTest, losesEverythingAtAHundredPercent) {
-    failure.packetLossPercent = 100;
+    faults.packetLossPercent = 100;
     loseOneOf({99, 99, 99});
     EXPECT_THAT(sentencesDuring(3s), IsEmpty());
     EXPECT_EQ(gateway.aisReports().staticCountdown(), 8)
@@ -94,7 +94,7 @@ TEST_F(FaultsTest, losesEverythingAtAHundredPercent) {
 }
 
 TEST_F(FaultsTest, drawsForEachSentenceOnItsOwn) {
-    failure.packetLossPercent = 50;
+    faults.packetLossPercent = 50;
     loseOneOf({49, 50, 99, 0, 50});
     const auto sent = sentencesDuring(50ms);
     EXPECT_EQ(addresses({sent.begin(), sent.begin() + 3}),
@@ -102,7 +102,7 @@ TEST_F(FaultsTest, drawsForEachSentenceOnItsOwn) {
 }
 
 TEST_F(FaultsTest, losesAboutHalfAtFiftyPercent) {
-    failure.packetLossPercent = 50;
+    faults.packetLossPercent = 50;
     for (int i = 0; i < 20000; ++i) random.wholeNumbers[100].push_back(i * 37 % 100);
     EXPECT_NEAR(static_cast<double>(sentencesDuring(5min).size()), 27.2 * 300 / 2, 10);
 }
@@ -110,41 +110,41 @@ TEST_F(FaultsTest, losesAboutHalfAtFiftyPercent) {
 TEST_F(FaultsTest, losesNothingAndDrawsNothingBelowOnePercent) {
     random.wholeNumbers[100].push_back(0);
     for (const int percent : {0, -5}) {
-        failure.packetLossPercent = percent;
+        faults.packetLossPercent = percent;
         EXPECT_EQ(sentencesDuring(10s).size(), 272);
     }
     EXPECT_EQ(random.wholeNumbers[100].size(), 1);
 }
 
 TEST_F(FaultsTest, drawsTheLossBeforeItWaits) {
-    failure.packetLossPercent = 50;
-    failure.latencyMs = 1000;
+    faults.packetLossPercent = 50;
+    faults.latencyMs = 1000;
     loseOneOf({0});
     loop.advance(50ms);
-    failure.packetLossPercent = 0;
+    faults.packetLossPercent = 0;
     EXPECT_THAT(addresses(sentencesDuring(1s)), Not(Contains("GPRMC")));
 }
 
 TEST_F(FaultsTest, delaysEachSentenceAndKeepsTheirOrder) {
-    failure.disableAIS = true;  // whose static reports come with the first emission only
+    faults.disableAIS = true;  // whose static reports come with the first emission only
     const auto onTime = addresses(sentencesDuring(50ms));
     gateway.stop();
-    failure.latencyMs = 200;
+    faults.latencyMs = 200;
     gateway.start();
     EXPECT_THAT(sentencesDuring(249ms), IsEmpty());
     EXPECT_EQ(addresses(sentencesDuring(1ms)), onTime);
 }
 
 TEST_F(FaultsTest, letsAShorterLatencyOvertake) {
-    failure.latencyMs = 500;
+    faults.latencyMs = 500;
     loop.advance(50ms);
-    failure.latencyMs = 0;
+    faults.latencyMs = 0;
     const auto sent = addresses(sentencesDuring(1s));
     EXPECT_LT(std::ranges::find(sent, "IIHDT"), std::ranges::find(sent, "GPRMC"));
 }
 
 TEST_F(FaultsTest, countsAndLogsWhatTheStopLeftWaiting) {
-    failure.latencyMs = 2000;
+    faults.latencyMs = 2000;
     loop.advance(2s);
     gateway.stop();
     const auto before = gateway.consoleAppendedCount();
@@ -156,7 +156,7 @@ TEST_F(FaultsTest, countsAndLogsWhatTheStopLeftWaiting) {
 }
 
 TEST_F(FaultsTest, dropsTheClientsEveryEightSecondsWhileAnyIsThere) {
-    failure.randomDisconnections = true;
+    faults.randomDisconnections = true;
     connect({"10.0.0.9"});
     loop.advance(7999ms);
     EXPECT_EQ(host.tcp->dropAllClientsCalls, 0);
@@ -167,8 +167,8 @@ TEST_F(FaultsTest, dropsTheClientsEveryEightSecondsWhileAnyIsThere) {
 }
 
 TEST_F(FaultsTest, logsNoDropWithoutClients) {
-    failure.randomDisconnections = true;
-    failure.stopStream = true;
+    faults.randomDisconnections = true;
+    faults.stopStream = true;
     loop.advance(1min);
     EXPECT_EQ(host.tcp->dropAllClientsCalls, 0);
     EXPECT_THAT(systemLines(), ElementsAre("Simulation démarrée — TCP 2000 · UDP 2000"));
@@ -181,37 +181,20 @@ TEST_F(FaultsTest, logsTheDropAskedForEvenWithoutClients) {
 }
 
 TEST_F(FaultsTest, surviveAStopAndAStart) {
-    failure.disableWind = true;
+    faults.disableWind = true;
     gateway.stop();
     gateway.start();
     EXPECT_EQ(countOf(sentencesDuring(10s), "IIMWV"), 0);
 }
 
-TEST_F(FaultsTest, areCountedWhileTheyAreOn) {
-    EXPECT_EQ(failure.activeCount(), 0);
-    failure.stopStream = true;
-    failure.disableGPS = true;
-    failure.disableWind = true;
-    failure.disableAIS = true;
-    failure.invalidChecksum = true;
-    failure.latencyMs = 50;
-    failure.packetLossPercent = 5;
-    failure.randomDisconnections = true;
-    EXPECT_EQ(failure.activeCount(), 8);
-    failure.reset();
-    EXPECT_EQ(failure.activeCount(), 0);
-    EXPECT_EQ(failure.latencyMs, 0);
-    EXPECT_EQ(failure.packetLossPercent, 0);
-}
-
 TEST_F(FaultsTest, leaveTheGatewaySilentWhereNothingGetsOut) {
     EXPECT_FALSE(gateway.isSilent());
-    failure.stopStream = true;
+    faults.stopStream = true;
     EXPECT_TRUE(gateway.isSilent());
-    failure.stopStream = false;
-    failure.packetLossPercent = 100;
+    faults.stopStream = false;
+    faults.packetLossPercent = 100;
     EXPECT_TRUE(gateway.isSilent());
-    failure.packetLossPercent = 99;
+    faults.packetLossPercent = 99;
     EXPECT_FALSE(gateway.isSilent());
 }
 

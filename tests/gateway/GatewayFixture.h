@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "gateway/GatewaySimulator.h"
+#include "gateway/Assembly.h"
 #include "platform/VirtualMainLoop.h"
 #include "support/NumberedClients.h"
 #include "support/PretendHost.h"
@@ -24,10 +24,11 @@ struct GatewayFixture : testing::Test {
     platform::VirtualMainLoop loop{noon};
     ScriptedRandom random;
     PretendHost host;
-    simulation::BoatSimulationEngine engine{loop, random};
-    SimulationConfig config;
-    FailureInjection failure;
-    GatewaySimulator gateway{engine, config, failure, host.host(loop, random)};
+    Assembly assembly{host.host(loop, random)};
+    simulation::BoatSimulationEngine& engine = assembly.engine;
+    SimulationConfig& config = assembly.config;
+    faults::FailureInjection& faults = assembly.faults;
+    GatewaySimulator& gateway = assembly.gateway;
 
     /// What TCP clients receive while `span` passes.
     std::vector<std::string> sentencesDuring(std::chrono::milliseconds span) {

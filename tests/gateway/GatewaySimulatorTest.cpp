@@ -5,6 +5,7 @@
 #include <limits>
 #include <memory>
 
+#include "encoding/TagBlock.h"
 #include "gateway/GatewayFixture.h"
 
 namespace tidewright::gateway {
@@ -49,11 +50,8 @@ TEST_F(GatewaySimulatorTest, givesTheSameBytesForTheSameSeedAndStart) {
         platform::VirtualMainLoop loop(GatewayFixture::noon);
         ScriptedRandom random;
         PretendHost host;
-        simulation::BoatSimulationEngine engine(loop, random);
-        SimulationConfig config;
-        FailureInjection failure;
-        GatewaySimulator gateway(engine, config, failure, host.host(loop, random));
-        gateway.start();
+        Assembly assembly(host.host(loop, random));
+        assembly.gateway.start();
         loop.advance(1h);
         return host.tcp->takeSentences();
     };
@@ -171,6 +169,75 @@ TEST_F(GatewaySimulatorTest, broadcastsToEverybodyWithoutAnInterface) {
     EXPECT_EQ(host.udp->starts.back().broadcast, "255.255.255.255");
 }
 
+TEST_F(GatewaySimulatorTest, sendsDatagramsWhereItIsTold) {
+    config.udpDestination = "239.1.2.3";
+    gateway.start();
+    EXPECT_EQ(host.udp->starts.back().broadcast, "239.1.2.3");
+    loop.advance(10s);
+    EXPECT_EQ(host.udp->starts.size(), 1U);
+}
+
+TEST_F(GatewaySimulatorTest, staysWithItsNetworkUnlessToldToFollow) {
+    gateway.start();
+    host.interface = network::LocalInterface{"wlan0", "Wi-Fi", "10.0.5.9", "10.0.255.255"};
+    loop.advance(10s);
+    EXPECT_EQ(host.udp->starts.size(), 1U);
+    EXPECT_EQ(gateway.interface->value().ip, "192.168.1.37");
+}
+
+TEST_F(GatewaySimulatorTest, followsTheMachineToItsNewNetworkWithinASecond) {
+    config.udpDestination = std::string(udpFollowsNetwork);
+    gateway.start();
+    loop.advance(10s);
+    EXPECT_EQ(host.udp->starts.size(), 1U);
+    host.interface = network::LocalInterface{"wlan0", "Wi-Fi", "10.0.5.9", "10.0.255.255"};
+    loop.advance(1s);
+    EXPECT_EQ(host.udp->starts.back(),
+              (network::RecordingDatagramSender::Destination{"10.0.255.255", 2000}));
+    EXPECT_EQ(gateway.interface->value().ip, "10.0.5.9");
+    EXPECT_EQ(systemLines().back(), "UDP vers 10.0.255.255");
+    host.interface.reset();
+    loop.advance(1s);
+    EXPECT_EQ(host.udp->starts.back().broadcast, "255.255.255.255");
+    EXPECT_EQ(host.udp->starts.size(), 3U);
+}
+
+TEST_F(GatewaySimulatorTest, takesANewDestinationUpAtTheNextStart) {
+    gateway.start();
+    config.udpDestination = std::string(udpFollowsNetwork);
+    host.interface = network::LocalInterface{"wlan0", "Wi-Fi", "10.0.5.9", "10.0.255.255"};
+    loop.advance(5s);
+    EXPECT_EQ(host.udp->starts.size(), 1U);
+    gateway.stop();
+    gateway.start();
+    EXPECT_EQ(host.udp->starts.back().broadcast, "10.0.255.255");
+}
+
+TEST_F(GatewaySimulatorTest, tellsTheServerItsLimitAtOnce) {
+    gateway.start();
+    config.tcpClientLimit = 3;
+    EXPECT_EQ(host.tcp->limit, 3);
+    config.tcpClientLimit = 0;
+    EXPECT_EQ(host.tcp->limit, 0);
+}
+
+TEST_F(GatewaySimulatorTest, putsATagBlockBeforeEverySentenceOnBothTransports) {
+    config.tagBlock = true;
+    faults.latencyMs = 100;
+    gateway.start();
+    loop.advance(150ms);
+    const auto sent = host.tcp->takeSentences();
+    ASSERT_FALSE(sent.empty());
+    EXPECT_EQ(sent, host.udp->takeSentences());
+    const std::string whenItLeaves = encoding::tagBlock(noon + 150ms);
+    for (const std::string& each : sent)
+        EXPECT_TRUE(each.starts_with(whenItLeaves + "$") || each.starts_with(whenItLeaves + "!"))
+            << each;
+    config.tagBlock = false;
+    loop.advance(1s);
+    EXPECT_EQ(host.tcp->takeSentences().front().front(), '$');
+}
+
 TEST_F(GatewaySimulatorTest, doesNothingWhenStartedOrStoppedTwice) {
     gateway.stop();
     gateway.start();
@@ -260,7 +327,7 @@ TEST_F(GatewaySimulatorTest, dropsNobodyForANumberThatNobodyHas) {
 }
 
 TEST_F(GatewaySimulatorTest, keepsWhereTheBoatReallyWasOnceASecond) {
-    failure.disableGPS = true;
+    faults.disableGPS = true;
     gateway.start();
     const auto home = engine.state.get();
     loop.advance(10s);
@@ -368,15 +435,11 @@ TEST(GatewayLifetimeTest, sendsNothingOnceItIsGone) {
     platform::VirtualMainLoop loop;
     ScriptedRandom random;
     PretendHost host;
-    simulation::BoatSimulationEngine engine(loop, random);
-    SimulationConfig config;
-    FailureInjection failure;
-    failure.latencyMs = 500;
-    auto gateway =
-        std::make_unique<GatewaySimulator>(engine, config, failure, host.host(loop, random));
-    gateway->start();
+    auto assembly = std::make_unique<Assembly>(host.host(loop, random));
+    assembly->faults.latencyMs = 500;
+    assembly->gateway.start();
     loop.advance(100ms);
-    gateway.reset();
+    assembly.reset();
     loop.advance(1s);  // what still waits must not touch the gateway: the sanitizers would tell
     EXPECT_EQ(loop.now().time_since_epoch(), 1100ms);
 }

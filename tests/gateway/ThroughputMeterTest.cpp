@@ -41,7 +41,7 @@ TEST_F(ThroughputTest, carriesWhatAStopInterruptedIntoTheNextRun) {
     const auto left = gateway.throughput().sentAccumulator();
     EXPECT_GT(left, 0);
     gateway.start();
-    failure.stopStream = true;
+    faults.stopStream = true;
     loop.advance(1s);
     EXPECT_EQ(gateway.messagesPerSecond, left);
 }

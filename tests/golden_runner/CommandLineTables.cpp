@@ -51,8 +51,8 @@ std::string bannerOf(const Row& row, const Arguments& arguments, PretendHost pre
     std::string written;
     const app::HeadlessRunner runner(
         arguments, pretend.host(loop, random),
-        {.write = [&](std::string_view text) { written += text; }, .fail = [] {}});
-    expectSettings(row, runner.config(), runner.engine());
+        {.write = [&](std::string_view text) { written += text; }, .fail = [](int) {}});
+    expectSettings(row, runner.assembly().config, runner.assembly().engine);
     return written;
 }
 

@@ -8,7 +8,7 @@
 
 #include "BoatStateRow.h"
 #include "Golden.h"
-#include "gateway/GatewaySimulator.h"
+#include "gateway/Assembly.h"
 #include "support/HandCrankedLoop.h"
 #include "support/NumberedClients.h"
 #include "support/PretendHost.h"
@@ -20,60 +20,56 @@ using namespace gateway;
 
 namespace {
 
-/// The settings by the names that the tables give them.
-struct Setters {
-    std::map<std::string, platform::Published<bool>*> flags;
-    std::map<std::string, platform::Published<double>*> rates;
-    std::map<std::string, platform::Published<std::uint16_t>*> ports;
-    std::map<std::string, platform::Published<std::int64_t>*> integers;
-    std::map<std::string, platform::Published<std::string>*> texts;
+/// What scripts call the settings that the tables call so.
+const std::map<std::string, std::string> settingNames{
+    {"tcpEnabled", "network.tcp"},
+    {"udpEnabled", "network.udp"},
+    {"tcpPort", "network.tcp-port"},
+    {"udpPort", "network.udp-port"},
+    {"gpsTalker", "network.talker"},
+    {"gps", "sensors.gps"},
+    {"heading", "sensors.heading"},
+    {"boatSpeed", "sensors.boat-speed"},
+    {"wind", "sensors.wind"},
+    {"depth", "sensors.depth"},
+    {"temperature", "sensors.temperature"},
+    {"ais", "sensors.ais"},
+    {"positionHz", "rates.position"},
+    {"courseSpeedHz", "rates.course-speed"},
+    {"headingHz", "rates.heading"},
+    {"boatSpeedHz", "rates.boat-speed"},
+    {"windHz", "rates.wind"},
+    {"depthHz", "rates.depth"},
+    {"temperatureHz", "rates.temperature"},
+    {"aisHz", "rates.ais"},
+    {"aisTargetCount", "ais.count"},
+    {"stopStream", "faults.stop-stream"},
+    {"disableGPS", "faults.no-gps"},
+    {"disableWind", "faults.no-wind"},
+    {"disableAIS", "faults.no-ais"},
+    {"invalidChecksum", "faults.bad-checksum"},
+    {"latencyMs", "faults.latency"},
+    {"packetLossPercent", "faults.loss"},
+    {"randomDisconnections", "faults.disconnections"}};
 
-    Setters(SimulationConfig& config, FailureInjection& failure)
-        : flags{{"tcpEnabled", &config.tcpEnabled},
-                {"udpEnabled", &config.udpEnabled},
-                {"gps", &config.gps},
-                {"heading", &config.heading},
-                {"boatSpeed", &config.boatSpeed},
-                {"wind", &config.wind},
-                {"depth", &config.depth},
-                {"temperature", &config.temperature},
-                {"ais", &config.ais},
-                {"stopStream", &failure.stopStream},
-                {"disableGPS", &failure.disableGPS},
-                {"disableWind", &failure.disableWind},
-                {"disableAIS", &failure.disableAIS},
-                {"invalidChecksum", &failure.invalidChecksum},
-                {"randomDisconnections", &failure.randomDisconnections}},
-          rates{{"positionHz", &config.positionHz},
-                {"courseSpeedHz", &config.courseSpeedHz},
-                {"headingHz", &config.headingHz},
-                {"boatSpeedHz", &config.boatSpeedHz},
-                {"windHz", &config.windHz},
-                {"depthHz", &config.depthHz},
-                {"temperatureHz", &config.temperatureHz},
-                {"aisHz", &config.aisHz}},
-          ports{{"tcpPort", &config.tcpPort}, {"udpPort", &config.udpPort}},
-          integers{{"aisTargetCount", &config.aisTargetCount},
-                   {"latencyMs", &failure.latencyMs},
-                   {"packetLossPercent", &failure.packetLossPercent}},
-          texts{{"gpsTalker", &config.gpsTalker}} {}
-
-    /// Assigns the setting called `name` from `column`.
-    void assign(const std::string& name, const Row& row, std::string_view column) const {
-        if (const auto flag = flags.find(name); flag != flags.end())
-            *flag->second = row.flag(column);
-        else if (const auto rate = rates.find(name); rate != rates.end())
-            *rate->second = row.number(column);
-        else if (const auto port = ports.find(name); port != ports.end())
-            *port->second = static_cast<std::uint16_t>(row.integer(column));
-        else if (const auto integer = integers.find(name); integer != integers.end())
-            *integer->second = row.integer(column);
-        else if (const auto text = texts.find(name); text != texts.end())
-            *text->second = row.text(column);
-        else
-            row.fail("unknown setting " + name);
+/// Writes the setting that the tables call `name` from `column`. The tables go beyond the ranges
+/// that people may choose from, and so does this.
+void assign(const Settings& settings, const std::string& name, const Row& row,
+            std::string_view column) {
+    const auto known = settingNames.find(name);
+    if (known == settingNames.end()) return row.fail("unknown setting " + name);
+    const Setting& setting = settings.at(known->second);
+    switch (setting.kind) {
+        case SettingKind::flag:
+            return setting.write(row.flag(column));
+        case SettingKind::integer:
+            return setting.write(row.integer(column));
+        case SettingKind::number:
+            return setting.write(row.number(column));
+        default:
+            return setting.write(row.text(column));
     }
-};
+}
 
 /// A gateway on the tables' clock, with their boat and vessels, none of which ever move.
 class Bench {
@@ -88,10 +84,9 @@ public:
         loop_.setClock(instant(operation, "instantNs"));
         const std::string& name = operation.text("name");
         if (name == "rate" || name == "config" || name == "fault")
-            setters_.assign(operation.text("a"), operation, "b");
+            assign(assembly_.settings, operation.text("a"), operation, "b");
         else if (name == "preset")
-            config_.apply(
-                *std::ranges::find(GatewayPreset::all, operation.text("a"), &GatewayPreset::id));
+            assembly_.settings.at("network.preset").write(operation.text("a"));
         else if (name == "clients")
             host_.tcp->onClientsChanged(network::numberedClients(split(operation.text("a"), ',')));
         else if (name == "pause")
@@ -136,13 +131,13 @@ public:
 
 private:
     void start() {
-        if (config_.tcpPort == 0)
+        if (assembly_.config.tcpPort == 0)
             host_.tcp->startFailure = {"nmea.tcp", 1, "Port TCP invalide"};
         else
             host_.tcp->startFailure.reset();
         gateway_.start();
-        engine_.state = boat_;
-        engine_.traffic.targets = vessels_;
+        assembly_.engine.state = boat_;
+        assembly_.engine.traffic.targets = vessels_;
     }
 
     simulation::BoatState boat_;
@@ -150,11 +145,8 @@ private:
     HandCrankedLoop loop_;
     ScriptedRandom random_;
     PretendHost host_;
-    simulation::BoatSimulationEngine engine_{loop_, random_};
-    SimulationConfig config_;
-    FailureInjection failure_;
-    GatewaySimulator gateway_{engine_, config_, failure_, host_.host(loop_, random_)};
-    Setters setters_{config_, failure_};
+    Assembly assembly_{host_.host(loop_, random_)};
+    GatewaySimulator& gateway_ = assembly_.gateway;
     std::uint64_t seen_ = 0;
 };
 
@@ -197,24 +189,24 @@ struct PlainBench {
     HandCrankedLoop loop;
     ScriptedRandom random;
     PretendHost host;
-    simulation::BoatSimulationEngine engine{loop, random};
-    SimulationConfig config;
-    FailureInjection failure;
-    GatewaySimulator gateway{engine, config, failure, host.host(loop, random)};
+    Assembly assembly{host.host(loop, random)};
+    simulation::BoatSimulationEngine& engine = assembly.engine;
+    SimulationConfig& config = assembly.config;
+    GatewaySimulator& gateway = assembly.gateway;
 };
 
 /// The families of which `sentences` holds the first, in order, joined with "+".
 std::string familiesIn(const std::vector<std::string>& sentences) {
-    static const std::map<std::string, SentenceKind> families{
+    static const std::map<std::string, SentenceKind> firsts{
         {"RMC", SentenceKind::position},    {"VTG", SentenceKind::courseSpeed},
         {"HDT", SentenceKind::heading},     {"VHW", SentenceKind::boatSpeed},
         {"MWV", SentenceKind::wind},        {"DBT", SentenceKind::depth},
         {"MTW", SentenceKind::temperature}, {"VDM", SentenceKind::ais}};
     std::vector<std::string_view> names;
     for (const std::string& each : sentences) {
-        const auto family = families.find(each.substr(3, 3));
-        if (family == families.end()) continue;
-        const std::string_view name = rawValue(family->second);
+        const auto first = firsts.find(each.substr(3, 3));
+        if (first == firsts.end()) continue;
+        const std::string_view name = family(first->second).name;
         if (names.empty() || names.back() != name) names.push_back(name);
     }
     return fmt::format("{}", fmt::join(names, "+"));
@@ -223,22 +215,20 @@ std::string familiesIn(const std::vector<std::string>& sentences) {
 void compareSchedules(Tables& tables) {
     for (const Row& each : tables["schedule_cases"].rows()) {
         PlainBench bench;
-        const Setters setters(bench.config, bench.failure);
-        for (const auto& [name, rate] : setters.rates) setters.assign(name, each, name);
-        for (const char* name :
-             {"gps", "heading", "boatSpeed", "wind", "depth", "temperature", "ais"})
-            setters.assign(name, each, name);
+        for (const auto& [name, setting] : settingNames)
+            if (setting.starts_with("rates.") || setting.starts_with("sensors."))
+                assign(bench.assembly.settings, name, each, name);
 
         std::vector<std::string_view> scheduled;
         const EmissionSchedule schedule(bench.config);
-        for (const auto& entry : schedule.entries()) scheduled.push_back(rawValue(entry.kind));
+        for (const auto& entry : schedule.entries()) scheduled.push_back(family(entry.kind).name);
         each.expectText("scheduled", fmt::format("{}", fmt::join(scheduled, "+")));
 
         bench.gateway.start();
         bench.engine.traffic.targets.resize(1);
         for (const Row& pump : tables["schedule_pumps"].rowsWhere("case", each.text("case"))) {
             bench.loop.setClock(instant(pump, "instantNs"));
-            bench.failure.stopStream = pump.flag("stopStream");
+            bench.assembly.faults.stopStream = pump.flag("stopStream");
             bench.gateway.pump();
             pump.expectText("fired", familiesIn(bench.host.tcp->takeSentences()));
         }
@@ -274,7 +264,7 @@ void compareAISRhythm(Table& table) {
         }
         bench->engine.traffic.targets.resize(static_cast<std::size_t>(row.integer("targets")));
         bench->config.aisHz = row.number("aisHz");
-        bench->failure.disableAIS = row.flag("disableAIS");
+        bench->assembly.faults.disableAIS = row.flag("disableAIS");
         bench->loop.setClock(bench->loop.wallClock() + GatewaySimulator::pumpPeriod);
         bench->gateway.pump();
 

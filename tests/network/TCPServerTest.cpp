@@ -208,6 +208,42 @@ TEST_F(TCPServerTest, servesIPv4AndIPv6AndListsThemSorted) {
     EXPECT_EQ(four.read(6), "$one\r\n");
 }
 
+TEST_F(TCPServerTest, sendsAwayWhoComesBeyondTheLimitWithACleanEndOfStream) {
+    start();
+    auto first = connect();
+    server->limitClients(2);
+    auto second = connect();
+    LoopbackClient third(port);
+    EXPECT_EQ(third.readToEnd(), "");
+    EXPECT_TRUE(third.endedCleanly());
+    runPosted();
+    EXPECT_THAT(listed(), SizeIs(2));
+    broadcast("$one\r\n");
+    EXPECT_EQ(first.read(6), "$one\r\n");
+    EXPECT_EQ(second.read(6), "$one\r\n");
+}
+
+TEST_F(TCPServerTest, letsAnybodyInAgainOnceThereIsRoomOrNoLimit) {
+    start();
+    server->limitClients(1);
+    connect().reset();
+    waitForClients(0);
+    const auto second = connect();
+    server->limitClients(0);
+    const auto third = connect();
+    EXPECT_THAT(listed(), SizeIs(2));
+}
+
+TEST_F(TCPServerTest, keepsWhoIsThereWhenTheLimitFalls) {
+    start();
+    auto first = connect();
+    auto second = connect();
+    server->limitClients(1);
+    broadcast("$one\r\n");
+    EXPECT_EQ(second.read(6), "$one\r\n");
+    EXPECT_THAT(listed(), SizeIs(2));
+}
+
 TEST_F(TCPServerTest, broadcastsToNobodyWithoutClients) {
     broadcast("$before the start\r\n");
     start();

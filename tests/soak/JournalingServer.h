@@ -22,6 +22,7 @@ public:
         return server_.start(port);
     }
     void stop() override { server_.stop(); }
+    void limitClients(std::int64_t limit) override { server_.limitClients(limit); }
     void dropAllClients() override { server_.dropAllClients(); }
     void drop(std::uint64_t number) override { server_.drop(number); }
     void askForTraffic() override { server_.askForTraffic(); }

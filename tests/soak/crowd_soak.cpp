@@ -29,7 +29,7 @@
 #include "Journal.h"
 #include "JournalingServer.h"
 #include "OwnMemory.h"
-#include "gateway/GatewaySimulator.h"
+#include "gateway/Assembly.h"
 #include "platform/AsioMainLoop.h"
 #include "platform/Check.h"
 #include "platform/SystemRandom.h"
@@ -66,11 +66,7 @@ Options optionsFrom(int count, char** arguments) {
 }
 
 void setEveryRate(gateway::SimulationConfig& config, double hertz) {
-    for (auto* rate :
-         {&config.positionHz, &config.courseSpeedHz, &config.headingHz, &config.boatSpeedHz,
-          &config.windHz, &config.depthHz, &config.temperatureHz, &config.aisHz}) {
-        *rate = hertz;
-    }
+    for (const auto& each : gateway::sentenceFamilies) config.*each.hertz = hertz;
 }
 
 /// What the gateway holds at one moment.
@@ -88,7 +84,7 @@ public:
 
     Emission(const Options& options, Journal& journal, std::uint16_t port, pid_t crowd)
         : options_(options), journal_(journal), crowd_(crowd) {
-        failure_.stopStream = true;
+        assembly_.faults.stopStream = true;
         config_.tcpPort = port;
         config_.udpEnabled = false;
         config_.aisTargetCount = options["--targets"];
@@ -125,10 +121,10 @@ private:
     void begin() {
         begun_ = true;
         before_ = holdings();
-        failure_.stopStream = false;
+        assembly_.faults.stopStream = false;
         const auto untilTheLastHasGone = options_["--churn"] > 0 ? 7s : 0s;
         loop_.after(std::chrono::seconds(options_["--seconds"]) + untilTheLastHasGone, [this] {
-            failure_.stopStream = true;
+            assembly_.faults.stopStream = true;
             after_ = holdings();
             loop_.after(500ms, [this] { journal_.close(); });
         });
@@ -168,10 +164,9 @@ private:
 
     platform::SystemRandom random_;
     platform::AsioMainLoop loop_;
-    simulation::BoatSimulationEngine engine_{loop_, random_};
-    gateway::SimulationConfig config_;
-    gateway::FailureInjection failure_;
-    gateway::GatewaySimulator gateway_{engine_, config_, failure_, host()};
+    gateway::Assembly assembly_{host()};
+    gateway::SimulationConfig& config_ = assembly_.config;
+    gateway::GatewaySimulator& gateway_ = assembly_.gateway;
 };
 
 void print(const Crowd& crowd, const Journal& journal, const Options& options) {

@@ -13,7 +13,7 @@
 
 #include "OwnMemory.h"
 #include "StreamInspector.h"
-#include "gateway/GatewaySimulator.h"
+#include "gateway/Assembly.h"
 #include "platform/Check.h"
 #include "platform/VirtualMainLoop.h"
 #include "simulation/ControlMode.h"
@@ -30,10 +30,10 @@ class World {
 public:
     World(ControlMode mode, std::uint64_t seed, ReadOutServer::Reader reader)
         : random_(seed), reader_(std::move(reader)) {
-        config_.udpEnabled = false;
-        engine_.mode = mode;
-        gateway_.start();
-        platform::check(gateway_.isRunning, "the gateway cannot start");
+        assembly_.config.udpEnabled = false;
+        assembly_.engine.mode = mode;
+        assembly_.gateway.start();
+        platform::check(assembly_.gateway.isRunning, "the gateway cannot start");
     }
 
     void advance(platform::MainLoop::Duration span) { loop_.advance(span); }
@@ -52,11 +52,7 @@ private:
     ReadOutServer::Reader reader_;
     std::uint64_t digest_ = 14'695'981'039'346'656'037U;
     platform::VirtualMainLoop loop_{std::chrono::sys_days{std::chrono::June / 1 / 2026} + 12h};
-    simulation::BoatSimulationEngine engine_{loop_, random_};
-    gateway::SimulationConfig config_;
-    gateway::FailureInjection failure_;
-    gateway::GatewaySimulator gateway_{
-        engine_, config_, failure_,
+    gateway::Assembly assembly_{
         readOutHost(loop_, random_, [this](const std::string& each) { read(each); })};
 };
 

@@ -22,6 +22,7 @@ public:
     std::optional<network::StartFailure> start(std::uint16_t) override { return std::nullopt; }
     void stop() override {}
     void broadcast(network::SharedBytes sentence) override { reader_(*sentence); }
+    void limitClients(std::int64_t) override {}
     void dropAllClients() override {}
     void drop(std::uint64_t) override {}
     void askForTraffic() override {}

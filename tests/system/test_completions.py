@@ -49,7 +49,7 @@ class Bash(unittest.TestCase):
 
 class Zsh(unittest.TestCase):
     def test_names_every_option(self):
-        self.assertEqual(set(re.findall(r"^ *'(--[a-z-]+)\[", ZSH.read_text(), re.M)), OPTIONS)
+        self.assertEqual(set(re.findall(r"^ *'\*?(--[a-z-]+)\[", ZSH.read_text(), re.M)), OPTIONS)
 
     @unittest.skipUnless(shutil.which("zsh"), "no zsh here")
     def test_can_be_read(self):

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "WindowBench.h"
 
 namespace tidewright::ui {
@@ -8,7 +10,7 @@ namespace {
 struct BridgesTest : testing::Test {
     WindowBench bench;
     EngineBridge& engine = *bench.engineBridge();
-    ConfigBridge& config = *bench.configBridge();
+    SettingsBridge& settings = *bench.settingsBridge();
     SimulatorBridge& simulator = *bench.simulatorBridge();
 
     template <typename Object, typename Signal>
@@ -21,12 +23,25 @@ struct BridgesTest : testing::Test {
     }
 };
 
-TEST_F(BridgesTest, announceOnlyTheGroupThatChanged) {
-    const auto move = [this] { engine.manual()->setSog(7.5); };
-    EXPECT_EQ(countOf(*engine.manual(), &ManualBridge::changed, move), 1);
-    EXPECT_EQ(countOf(*engine.anchorSettings(), &AnchorBridge::changed, move), 0);
+TEST_F(BridgesTest, announceOnlyTheSettingThatChanged) {
+    NumberSetting* speed = settings.number(QStringLiteral("manual.speed"));
+    const auto move = [this, speed] { speed->setValue(bench.engine.manual->sog + 1); };
+    EXPECT_EQ(countOf(*speed, &SettingBridge::changed, move), 1);
+    for (const char* other : {"manual.depth", "anchor.chain-length", "rates.wind"}) {
+        const auto* row = settings.number(QString::fromUtf8(other));
+        EXPECT_EQ(countOf(*row, &SettingBridge::changed, move), 0) << other;
+    }
     EXPECT_EQ(countOf(engine, &EngineBridge::instrumentsChanged, move), 0);
-    EXPECT_EQ(bench.engine.manual->sog, 7.5);
+    EXPECT_EQ(bench.engine.manual->sog, 11);
+}
+
+TEST_F(BridgesTest, announceNothingOfTheSettingsWhileTheBoatSails) {
+    int count = 0;
+    for (const auto* each : settings.findChildren<SettingBridge*>())
+        QObject::connect(each, &SettingBridge::changed, [&count] { ++count; });
+    simulator.start();
+    bench.advance(10'000);
+    EXPECT_EQ(count, 0);
 }
 
 TEST_F(BridgesTest, announceTheInstrumentsAtMostOnceATick) {
@@ -40,39 +55,54 @@ TEST_F(BridgesTest, lookAtTheGatewayTwentyTimesASecondAtMost) {
     EXPECT_LE(countOf(simulator, &SimulatorBridge::changed, [this] { bench.advance(1000); }), 20);
 }
 
-TEST_F(BridgesTest, translateRawTextsAndRefuseOthers) {
-    engine.setMode(QStringLiteral("anchor"));
-    engine.setMode(QStringLiteral("submarine"));
-    EXPECT_EQ(engine.mode(), QStringLiteral("anchor"));
-    engine.setProgram(QStringLiteral("beat"));
-    EXPECT_EQ(bench.engine.program, simulation::SailingProgram::beat);
-    engine.environment()->setWindPreset(QStringLiteral("strong"));
-    engine.environment()->setWindPreset(QStringLiteral("gale"));
-    EXPECT_EQ(bench.engine.environment->windPreset, simulation::WindPreset::strong);
+TEST_F(BridgesTest, refuseTextsThatAreNoChoice) {
+    ChoiceSetting* mode = settings.choice(QStringLiteral("boat.mode"));
+    mode->setValue(QStringLiteral("anchor"));
+    mode->setValue(QStringLiteral("submarine"));
+    EXPECT_EQ(mode->value(), QStringLiteral("anchor"));
+    EXPECT_EQ(bench.engine.mode, simulation::ControlMode::anchor);
+}
+
+TEST_F(BridgesTest, refuseNumbersOutOfRange) {
+    NumberSetting* depth = settings.number(QStringLiteral("manual.depth"));
+    for (const double each : {0.5, 100.5, std::nan("")}) depth->setValue(each);
+    EXPECT_EQ(depth->value(), 12);
 }
 
 TEST_F(BridgesTest, showPerformanceInPerCent) {
-    engine.environment()->setPerformancePercent(90);
-    EXPECT_EQ(bench.engine.environment->performance, 0.9);
-    EXPECT_EQ(engine.environment()->performancePercent(), 90);
+    NumberSetting* performance = settings.number(QStringLiteral("boat.performance"));
+    performance->setValue(115);
+    EXPECT_EQ(bench.engine.environment->performance, 1.15);
+    EXPECT_EQ(performance->value(), 115);
+    EXPECT_EQ(performance->text(), QStringLiteral("115 %"));
 }
 
-TEST_F(BridgesTest, applyAPresetByItsIdentifier) {
-    config.setTcpEnabled(false);
-    config.apply(QStringLiteral("nke"));
-    EXPECT_EQ(config.preset(), QStringLiteral("nke"));
-    EXPECT_EQ(config.tcpPort(), QStringLiteral("50000"));
-    EXPECT_EQ(config.gpsTalker(), QStringLiteral("II"));
-    EXPECT_TRUE(config.tcpEnabled());
+TEST_F(BridgesTest, applyTheSamePresetAgain) {
+    bench.set(QStringLiteral("network.tcp-port"), 1);
+    EXPECT_TRUE(settings.presetModified());
+    settings.choice(QStringLiteral("network.preset"))->setValue(QStringLiteral("digital-yacht"));
+    EXPECT_EQ(bench.assembly.config.tcpPort, 2000);
+    EXPECT_FALSE(settings.presetModified());
 }
 
-TEST_F(BridgesTest, keepThePortWhenWhatWasTypedIsNone) {
-    config.enterTcpPort(QStringLiteral("65536"));
-    config.enterUdpPort(QStringLiteral("abc"));
-    EXPECT_EQ(bench.config.tcpPort, 2000);
-    EXPECT_EQ(bench.config.udpPort, 2000);
-    config.enterTcpPort(QStringLiteral("0"));
-    EXPECT_EQ(bench.config.tcpPort, 0);
+TEST_F(BridgesTest, readPortsAsPeopleTypeThem) {
+    const NumberSetting* port = settings.number(QStringLiteral("network.tcp-port"));
+    EXPECT_EQ(port->read(QStringLiteral(" 2001 ")), 2001);
+    EXPECT_EQ(port->read(QStringLiteral("0")), 0);
+    for (const char* text : {"65536", "-1", "abc", "", "20.5", "2 0", "1e3"})
+        EXPECT_TRUE(std::isnan(port->read(QString::fromUtf8(text)))) << text;
+}
+
+TEST_F(BridgesTest, lockWhatActsAtTheNextStartWhileRunning) {
+    const auto* port = settings.number(QStringLiteral("network.tcp-port"));
+    const auto* output = settings.flag(QStringLiteral("network.tcp"));
+    const auto* talker = settings.choice(QStringLiteral("network.talker"));
+    simulator.start();
+    EXPECT_TRUE(port->locked());
+    EXPECT_FALSE(output->locked()) << "an output can be muted at any time";
+    EXPECT_FALSE(talker->locked());
+    simulator.stop();
+    EXPECT_FALSE(port->locked());
 }
 
 TEST_F(BridgesTest, tellWhoListens) {
@@ -81,7 +111,7 @@ TEST_F(BridgesTest, tellWhoListens) {
     EXPECT_EQ(simulator.clientText(), QStringLiteral("1 client : 10.0.0.2"));
     bench.connectClients({QStringLiteral("10.0.0.2"), QStringLiteral("10.0.0.3")});
     EXPECT_EQ(simulator.clientText(), QString::fromUtf8("2 clients connectés"));
-    config.setTcpEnabled(false);
+    bench.set(QStringLiteral("network.tcp"), false);
     EXPECT_EQ(simulator.clientText(), QStringLiteral("UDP broadcast"));
 }
 

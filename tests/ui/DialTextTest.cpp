@@ -7,20 +7,17 @@
 namespace tidewright::ui {
 namespace {
 
-QString dialText(const char* format, double value, const char* unit) {
-    return DialText::of(QString::fromUtf8(format), value, QString::fromUtf8(unit));
-}
-
 TEST(DialTextTest, setsTheUnitApart) {
-    EXPECT_EQ(dialText("%.1f", 12.34, "nd"), QStringLiteral("12.3 nd"));
+    EXPECT_EQ(dialText(12.34, 1, "nd"), QStringLiteral("12.3 nd"));
+    EXPECT_EQ(dialText(2000, 0, ""), QStringLiteral("2000"));
 }
 
 TEST(DialTextTest, attachesADegreeSign) {
-    EXPECT_EQ(dialText("%.0f", -180, "°"), QString::fromUtf8("-180°"));
+    EXPECT_EQ(dialText(-180, 0, "°"), QString::fromUtf8("-180°"));
 }
 
 double number(const char* text, const char* unit) {
-    return DialText::number(QString::fromUtf8(text), QString::fromUtf8(unit));
+    return dialNumber(QString::fromUtf8(text), QString::fromUtf8(unit));
 }
 
 TEST(DialTextTest, readsANumberWithPointOrCommaAndItsUnit) {

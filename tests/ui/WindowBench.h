@@ -2,19 +2,18 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QVariant>
 
-#include "gateway/FailureInjection.h"
-#include "gateway/GatewaySimulator.h"
-#include "gateway/SimulationConfig.h"
+#include "gateway/Assembly.h"
+#include "platform/Check.h"
 #include "platform/SystemRandom.h"
 #include "platform/VirtualMainLoop.h"
-#include "simulation/BoatSimulationEngine.h"
 #include "simulation/EarthModel.h"
 #include "support/NumberedClients.h"
 #include "support/PretendHost.h"
-#include "ui/ConfigBridge.h"
+#include "ui/ActionsBridge.h"
 #include "ui/EngineBridge.h"
-#include "ui/FailureBridge.h"
+#include "ui/SettingsBridge.h"
 #include "ui/SimulatorBridge.h"
 
 namespace tidewright::ui {
@@ -23,16 +22,28 @@ namespace tidewright::ui {
 class WindowBench : public QObject {
     Q_OBJECT
     Q_PROPERTY(tidewright::ui::EngineBridge* engine READ engineBridge CONSTANT)
-    Q_PROPERTY(tidewright::ui::ConfigBridge* config READ configBridge CONSTANT)
-    Q_PROPERTY(tidewright::ui::FailureBridge* failure READ failureBridge CONSTANT)
+    Q_PROPERTY(tidewright::ui::SettingsBridge* settings READ settingsBridge CONSTANT)
+    Q_PROPERTY(tidewright::ui::ActionsBridge* actions READ actionsBridge CONSTANT)
     Q_PROPERTY(tidewright::ui::SimulatorBridge* simulator READ simulatorBridge CONSTANT)
 
 public:
     EngineBridge* engineBridge() { return &engineBridge_; }
-    ConfigBridge* configBridge() { return &configBridge_; }
-    FailureBridge* failureBridge() { return &failureBridge_; }
+    SettingsBridge* settingsBridge() { return &settingsBridge_; }
+    ActionsBridge* actionsBridge() { return &actionsBridge_; }
     SimulatorBridge* simulatorBridge() { return &simulatorBridge_; }
 
+    /// What a setting holds, as scripts write it.
+    Q_INVOKABLE QString value(const QString& name) const {
+        return QString::fromStdString(
+            gateway::textOf(assembly.settings.at(name.toStdString()).read()));
+    }
+    /// Writes a setting as a script does.
+    Q_INVOKABLE void set(const QString& name, const QVariant& value) {
+        platform::check(assembly.settings
+                            .writeTexts({{name.toStdString(), value.toString().toStdString()}})
+                            .empty(),
+                        "a test must write what fits");
+    }
     Q_INVOKABLE void advance(int milliseconds) {
         loop.advance(std::chrono::milliseconds(milliseconds));
     }
@@ -75,16 +86,15 @@ public:
     platform::VirtualMainLoop loop;
     platform::SystemRandom random;
     PretendHost host;
-    simulation::BoatSimulationEngine engine{loop, random};
-    gateway::SimulationConfig config;
-    gateway::FailureInjection failure;
-    gateway::GatewaySimulator simulator{engine, config, failure, host.host(loop, random)};
+    gateway::Assembly assembly{host.host(loop, random)};
+    simulation::BoatSimulationEngine& engine = assembly.engine;
+    gateway::GatewaySimulator& simulator = assembly.gateway;
 
 private:
     EngineBridge engineBridge_{engine};
-    ConfigBridge configBridge_{config};
-    FailureBridge failureBridge_{failure};
-    SimulatorBridge simulatorBridge_{simulator, config, failure, loop,
+    SettingsBridge settingsBridge_{assembly};
+    ActionsBridge actionsBridge_{assembly.actions};
+    SimulatorBridge simulatorBridge_{assembly, loop,
                                      [this](const std::string& text) { host.clipboard = text; }};
 };
 

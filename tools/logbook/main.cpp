@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/CommandLine.h"
-#include "gateway/GatewaySimulator.h"
+#include "gateway/Assembly.h"
 #include "platform/VirtualMainLoop.h"
 #include "support/ReadOutHost.h"
 #include "support/SeededRandom.h"
@@ -49,21 +49,17 @@ int main(int argc, char** argv) {
     const Arguments arguments(argv, argv + argc);
     platform::VirtualMainLoop loop(noon);
     SeededRandom random(static_cast<std::uint64_t>(number("--seed", arguments, 1)));
-    simulation::BoatSimulationEngine engine(loop, random);
-    gateway::SimulationConfig config;
-    gateway::FailureInjection failure;
     const bool withTimes = contains("--times", arguments);
-    gateway::GatewaySimulator gateway(
-        engine, config, failure,
+    gateway::Assembly assembly(
         readOutHost(loop, random, [&](const std::string& each) { print(each, loop, withTimes); }));
-    app::CommandLine::apply(arguments, config, engine);
-    config.tcpEnabled = true;
-    config.udpEnabled = false;
-    applyMode(arguments, engine);
+    app::CommandLine::apply(arguments, assembly.config, assembly.engine);
+    assembly.config.tcpEnabled = true;
+    assembly.config.udpEnabled = false;
+    applyMode(arguments, assembly.engine);
 
-    gateway.start();
-    if (!gateway.isRunning) {
-        std::fputs((gateway.lastError->value_or("") + "\n").c_str(), stderr);
+    assembly.gateway.start();
+    if (!assembly.gateway.isRunning) {
+        std::fputs((assembly.gateway.lastError->value_or("") + "\n").c_str(), stderr);
         return 1;
     }
     for (std::int64_t left = number("--minutes", arguments, 1); left > 0; --left)

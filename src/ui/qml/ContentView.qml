@@ -7,8 +7,8 @@ Item {
     id: root
 
     required property BoatSimulationEngine engine
-    required property SimulationConfig config
-    required property FailureInjection failure
+    required property Settings settings
+    required property Actions actions
     required property GatewaySimulator simulator
 
     property bool showAdvanced: false
@@ -34,7 +34,7 @@ Item {
         HeaderBar {
             Layout.fillWidth: true
             simulator: root.simulator
-            failure: root.failure
+            settings: root.settings
             onFaultsRequested: root.showFaults()
         }
 
@@ -59,7 +59,7 @@ Item {
 
                     ConnectionCard {
                         Layout.fillWidth: true
-                        config: root.config
+                        settings: root.settings
                         simulator: root.simulator
                         copied: root.copied
                         onCopiedChanged: root.copied = copied
@@ -77,13 +77,15 @@ Item {
                     Layout.preferredWidth: 1
                     engine: root.engine
                     simulator: root.simulator
+                    settings: root.settings
+                    actions: root.actions
                 }
                 AdvancedCard {
                     id: advanced
 
                     Layout.fillWidth: true
                     Layout.columnSpan: root.twoColumns ? 2 : 1
-                    config: root.config
+                    settings: root.settings
                     simulator: root.simulator
                     open: root.showAdvanced
                     onToggled: {
@@ -96,7 +98,8 @@ Item {
 
                     Layout.fillWidth: true
                     Layout.columnSpan: root.twoColumns ? 2 : 1
-                    failure: root.failure
+                    settings: root.settings
+                    actions: root.actions
                     simulator: root.simulator
                     viewHeight: pane.height
                     open: root.showConsole

@@ -7,8 +7,8 @@ Window {
     id: root
 
     required property BoatSimulationEngine engine
-    required property SimulationConfig config
-    required property FailureInjection failure
+    required property Settings settings
+    required property Actions actions
     required property GatewaySimulator simulator
 
     width: Math.min(Pel.windowWidth, Screen.desktopAvailableWidth)
@@ -22,8 +22,8 @@ Window {
     ContentView {
         anchors.fill: parent
         engine: root.engine
-        config: root.config
-        failure: root.failure
+        settings: root.settings
+        actions: root.actions
         simulator: root.simulator
     }
 }

@@ -37,7 +37,8 @@ class ControlWindow:
         # The registry must be up before the program looks for it, which it does only once.
         self.until(lambda: Atspi.get_desktop(0).get_child_count() >= 0, "the accessibility bus")
         self.process = subprocess.Popen(
-            [program], stderr=subprocess.PIPE, env={**os.environ, **(environment or {})})
+            [program], stderr=subprocess.PIPE, env={**os.environ, **(environment or {})},
+            preexec_fn=lambda: signal.signal(signal.SIGHUP, signal.SIG_DFL))  # nohup ignores it
         try:
             self.root = self.until(self._application, "the application on the accessibility bus")
         except NotFound:

@@ -11,7 +11,7 @@ WindowCase {
 
         AdvancedCard {
             width: 460
-            config: root.bench.config
+            settings: root.bench.settings
             simulator: root.bench.simulator
             open: true
         }
@@ -22,18 +22,18 @@ WindowCase {
         const presets = [["MiniPlex 3Wi", "10110", "GP"], ["NKE Wifi Box", "50000", "II"], ["Yacht Devices YDWG-02", "1456", "GN"], ["Generic NMEA", "10110", "GP"], ["Custom", "2000", "GP"], ["Digital Yacht iKonvert / WLN10", "2000", "GP"]];
         for (const [label, port, talker] of presets) {
             press(card, label);
-            compare(bench.config.tcpPort, port, label);
-            compare(bench.config.udpPort, port, label);
-            compare(bench.config.gpsTalker, talker, label);
+            compare(bench.value("network.tcp-port"), port, label);
+            compare(bench.value("network.udp-port"), port, label);
+            compare(bench.value("network.talker"), talker, label);
             verify(control(card, label).checked, label);
         }
     }
 
     function test_appliesTheChosenPresetAgain() {
         const card = make(cards);
-        bench.config.enterTcpPort("1");
+        bench.set("network.tcp-port", 1);
         press(card, "Digital Yacht iKonvert / WLN10");
-        compare(bench.config.tcpPort, "2000");
+        compare(bench.value("network.tcp-port"), "2000");
     }
 
     function test_marksAPresetThatWasModifiedSince() {
@@ -43,7 +43,7 @@ WindowCase {
         verify(shows(card, "modifié"));
         press(card, "GP");
         verify(!shows(card, "modifié"));
-        bench.config.enterTcpPort("1");
+        bench.set("network.tcp-port", 1);
         verify(control(card, "Digital Yacht iKonvert / WLN10").Accessible.description.endsWith("· modifié"));
         press(card, "MiniPlex 3Wi");
         verify(!shows(card, "modifié"));
@@ -55,9 +55,9 @@ WindowCase {
         keyClick(Qt.Key_Down);
         keyClick(Qt.Key_Right);
         verify(control(card, "Yacht Devices YDWG-02").activeFocus);
-        compare(bench.config.preset, "digital-yacht");
+        compare(bench.value("network.preset"), "digital-yacht");
         keyClick(Qt.Key_Return);
-        compare(bench.config.preset, "yacht-devices");
+        compare(bench.value("network.preset"), "yacht-devices");
         keyClick(Qt.Key_Tab);
         verify(control(card, "TCP").activeFocus);
         keyClick(Qt.Key_Backtab);
@@ -67,29 +67,29 @@ WindowCase {
     function test_switchesTheOutputs() {
         const card = make(cards);
         press(card, "TCP");
-        verify(!bench.config.tcpEnabled);
+        compare(bench.value("network.tcp"), "false");
         press(card, "UDP");
-        verify(!bench.config.udpEnabled);
+        compare(bench.value("network.udp"), "false");
     }
 
     function test_setsTheTalker() {
         const card = make(cards);
         press(card, "GN");
-        compare(bench.config.gpsTalker, "GN");
+        compare(bench.value("network.talker"), "GN");
     }
 
     function test_reachesEveryFamilysSwitchAndRate() {
         const card = make(cards);
-        const families = [["Position (RMC, GGA)", "gps", "positionHz"], ["Route fond (VTG)", "gps", "courseSpeedHz"], ["Cap (HDT, HDG)", "heading", "headingHz"], ["Vit. surface (VHW)", "boatSpeed", "boatSpeedHz"], ["Vent (MWV)", "wind", "windHz"], ["Profondeur (DBT, DPT)", "depth", "depthHz"], ["Température (MTW)", "temperature", "temperatureHz"], ["AIS (VDM)", "ais", "aisHz"]];
-        for (const [label, flag, rate] of families) {
-            bench.config[flag] = true;
+        const families = [["Position (RMC, GGA)", "gps", "position"], ["Route fond (VTG)", "gps", "course-speed"], ["Cap (HDT, HDG)", "heading", "heading"], ["Vit. surface (VHW)", "boat-speed", "boat-speed"], ["Vent (MWV)", "wind", "wind"], ["Profondeur (DBT, DPT)", "depth", "depth"], ["Température (MTW)", "temperature", "temperature"], ["AIS (VDM)", "ais", "ais"]];
+        for (const [label, sensor, rate] of families) {
+            bench.set("sensors." + sensor, true);
             press(card, label);
-            compare(bench.config[flag], false, label);
+            compare(bench.value("sensors." + sensor), "false", label);
             const slider = control(card, "Cadence : " + label);
             compare([slider.from, slider.to], [0, 20]);
             slider.value = 10;
-            compare(bench.config[rate], 10, label);
-            compare(slider.valueText, "10.0 Hz");
+            compare(bench.value("rates." + rate), "10", label);
+            compare(slider.Accessible.description, "10.0 Hz");
             compare(control(card, "Cadence : " + label + " (valeur)").text, "10.0 Hz");
         }
     }
@@ -99,7 +99,7 @@ WindowCase {
         const stepper = control(card, "Cibles AIS");
         compare([stepper.from, stepper.to, stepper.value], [0, 100, 5]);
         stepper.value = 12;
-        compare(bench.config.aisTargetCount, 12);
+        compare(bench.value("ais.count"), "12");
         compare(bench.targetCount(), 12);
     }
 

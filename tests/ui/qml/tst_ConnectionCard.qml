@@ -11,7 +11,7 @@ WindowCase {
 
         ConnectionCard {
             width: 460
-            config: root.bench.config
+            settings: root.bench.settings
             simulator: root.bench.simulator
             copied: false
         }
@@ -37,7 +37,7 @@ WindowCase {
         verify(shows(card, "1 client : 10.0.0.2"));
         bench.connectClients(["10.0.0.2", "10.0.0.3", "10.0.0.4"]);
         verify(shows(card, "3 clients connectés"));
-        bench.config.tcpEnabled = false;
+        bench.set("network.tcp", false);
         bench.advance(50);
         verify(shows(card, "UDP broadcast"));
     }

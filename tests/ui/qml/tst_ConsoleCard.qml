@@ -12,7 +12,8 @@ WindowCase {
 
         ConsoleCard {
             width: 460
-            failure: root.bench.failure
+            settings: root.bench.settings
+            actions: root.bench.actions
             simulator: root.bench.simulator
             viewHeight: 700
             open: true
@@ -131,7 +132,7 @@ WindowCase {
         verify(bench.simulator.consolePaused);
         const before = rowsInSight(list);
         log(3);
-        bench.config.tcpEnabled = false; // something else that changes
+        bench.set("network.tcp", false); // something else that changes
         bench.advance(50);
         compare(rowsInSight(list), before);
         verify(shows(card, "3 lignes manquées"));
@@ -289,23 +290,23 @@ WindowCase {
     function test_restoresEveryFault() {
         const card = make(cards);
         verify(!control(card, "Tout rétablir").enabled);
-        bench.failure.stopStream = true;
-        bench.failure.latencyMs = 50;
-        compare(bench.failure.activeText, "2 pannes actives");
+        bench.set("faults.stop-stream", true);
+        bench.set("faults.latency", 50);
+        compare(bench.settings.faultsText, "2 pannes actives");
         press(card, "Tout rétablir");
-        verify(!bench.failure.stopStream);
-        compare(bench.failure.latencyMs, 0);
-        compare(bench.failure.activeText, "");
+        compare(bench.value("faults.stop-stream"), "false");
+        compare(bench.value("faults.latency"), "0");
+        compare(bench.settings.faultsText, "");
     }
 
     function test_switchesEveryFault() {
         const card = make(cards);
         verify(shows(card, "Test de robustesse"));
-        const faults = [["Couper le flux", "stopStream"], ["Couper le GPS", "disableGPS"], ["Couper le vent", "disableWind"], ["Couper l'AIS", "disableAIS"], ["Checksum invalide", "invalidChecksum"], ["Déconnexions aléatoires", "randomDisconnections"]];
-        for (const [label, property] of faults) {
+        const faults = [["Couper le flux", "stop-stream"], ["Couper le GPS", "no-gps"], ["Couper le vent", "no-wind"], ["Couper l'AIS", "no-ais"], ["Checksum invalide", "bad-checksum"], ["Déconnexions aléatoires", "disconnections"]];
+        for (const [label, name] of faults) {
             press(card, label);
-            verify(bench.failure[property], label);
-            bench.failure[property] = false;
+            compare(bench.value("faults." + name), "true", label);
+            bench.set("faults." + name, false);
             verify(!control(card, label).checked, label);
         }
     }
@@ -315,33 +316,33 @@ WindowCase {
         const latency = control(card, "Latence");
         latency.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Up);
-        compare(bench.failure.latencyMs, 50);
+        compare(bench.value("faults.latency"), "50");
         keyClick(Qt.Key_End);
         keyClick(Qt.Key_Up);
-        compare(bench.failure.latencyMs, 2000);
+        compare(bench.value("faults.latency"), "2000");
         verify(shows(card, "2000 ms"));
         keyClick(Qt.Key_Home);
         keyClick(Qt.Key_Down);
-        compare(bench.failure.latencyMs, 0);
+        compare(bench.value("faults.latency"), "0");
         const loss = control(card, "Perte de paquets");
         mouseClick(loss, loss.width - 10, loss.height / 2);
-        compare(bench.failure.packetLossPercent, 5);
+        compare(bench.value("faults.loss"), "5");
         verify(shows(card, "5 %"));
         loss.forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_PageUp);
-        compare(bench.failure.packetLossPercent, 55);
+        compare(bench.value("faults.loss"), "55");
         keyClick(Qt.Key_End);
         keyClick(Qt.Key_Up);
-        compare(bench.failure.packetLossPercent, 100);
+        compare(bench.value("faults.loss"), "100");
         for (let i = 0; i < 25; ++i)
             keyClick(Qt.Key_Down);
-        compare(bench.failure.packetLossPercent, 0);
+        compare(bench.value("faults.loss"), "0");
     }
 
     function test_dropsTheClientsWhileRunningOnly() {
         const card = make(cards);
         verify(!control(card, "Lâcher les clients TCP").enabled);
-        bench.failure.stopStream = true; // nothing but this to read
+        bench.set("faults.stop-stream", true); // nothing but this to read
         bench.simulator.start();
         waitForRendering(card);
         press(card, "Lâcher les clients TCP");

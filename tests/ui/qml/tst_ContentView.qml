@@ -14,8 +14,8 @@ WindowCase {
             width: 900
             height: 900
             engine: root.bench.engine
-            config: root.bench.config
-            failure: root.bench.failure
+            settings: root.bench.settings
+            actions: root.bench.actions
             simulator: root.bench.simulator
         }
     }
@@ -59,19 +59,19 @@ WindowCase {
         const seen = new Set();
         const look = () => texts(view).forEach(each => seen.add(each));
         look();
-        for (const program of bench.engine.programs) {
-            bench.engine.program = program;
+        for (const program of bench.settings.choice("boat.program").values) {
+            bench.set("boat.program", program);
             look();
         }
-        bench.engine.environment.windPreset = "custom";
+        bench.set("wind.preset", "custom");
         look();
-        bench.engine.mode = "manual";
+        bench.set("boat.mode", "manual");
         look();
-        bench.engine.mode = "anchor";
-        bench.engine.anchorSettings.shiftingWind = true;
-        bench.engine.anchorSettings.dragging = true;
+        bench.set("boat.mode", "anchor");
+        bench.set("anchor.shifting-wind", true);
+        bench.set("anchor.dragging", true);
         look();
-        bench.engine.anchorSettings.chainTaut = false;
+        bench.set("anchor.chain-taut", false);
         look();
         view.showAdvanced = true;
         view.showConsole = true;
@@ -83,7 +83,7 @@ WindowCase {
         look();
         bench.connectClients(["10.0.0.2", "10.0.0.3"]);
         look();
-        bench.config.tcpEnabled = false;
+        bench.set("network.tcp", false);
         bench.advance(50);
         look();
         for (const each of userTexts)

@@ -49,11 +49,11 @@ WindowCase {
     }
 
     function test_showsWhatTheBoatDoes() {
-        bench.engine.mode = "manual";
-        bench.engine.manual.sog = 7.5;
-        bench.engine.manual.heading = 42;
-        bench.engine.manual.windAngle = -110;
-        bench.engine.manual.depth = 8.5;
+        bench.set("boat.mode", "manual");
+        bench.set("manual.speed", 7.5);
+        bench.set("manual.heading", 42);
+        bench.set("manual.wind-angle", -110);
+        bench.set("manual.depth", 8.5);
         bench.simulator.start();
         bench.advance(1200);
         const card = make(cards);
@@ -76,10 +76,10 @@ WindowCase {
     }
 
     function test_drawsTheTrackAsternOfTheBoat() {
-        bench.engine.mode = "manual";
-        bench.engine.manual.heading = 100;
-        bench.engine.manual.sog = 10;
-        bench.config.ais = false;
+        bench.set("boat.mode", "manual");
+        bench.set("manual.heading", 100);
+        bench.set("manual.speed", 10);
+        bench.set("sensors.ais", false);
         bench.simulator.start();
         bench.advance(300000);
         const card = make(cards);
@@ -95,7 +95,7 @@ WindowCase {
         const chart = picture(card, "chart");
         verify(extent(chart, Pel.brand));
         verify(!extent(chart, Pel.ok));
-        bench.engine.mode = "anchor";
+        bench.set("boat.mode", "anchor");
         tryVerify(() => extent(chart, Pel.ok) !== null, 3000);
         const circle = extent(chart, Pel.ok);
         verify(circle.right - circle.left > chart.height / 2);
@@ -104,8 +104,8 @@ WindowCase {
     }
 
     function test_drawsTheWindWhereItComesFrom() {
-        bench.engine.mode = "manual";
-        bench.engine.manual.windAngle = -110;
+        bench.set("boat.mode", "manual");
+        bench.set("manual.wind-angle", -110);
         bench.simulator.start();
         bench.advance(1200);
         const card = make(cards);

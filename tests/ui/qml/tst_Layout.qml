@@ -16,8 +16,8 @@ WindowCase {
         ContentView {
             height: 3000
             engine: root.bench.engine
-            config: root.bench.config
-            failure: root.bench.failure
+            settings: root.bench.settings
+            actions: root.bench.actions
             simulator: root.bench.simulator
         }
     }
@@ -32,10 +32,10 @@ WindowCase {
     }
 
     function test_nothingOverlaps(data) {
-        bench.engine.mode = data.mode;
-        bench.engine.environment.windPreset = "custom";
-        bench.engine.anchorSettings.shiftingWind = true;
-        bench.engine.anchorSettings.dragging = true;
+        bench.set("boat.mode", data.mode);
+        bench.set("wind.preset", "custom");
+        bench.set("anchor.shifting-wind", true);
+        bench.set("anchor.dragging", true);
         const view = make(views, {width: data.width});
         compare(overlaps(view), []);
         control(view, "Réglages avancés").clicked();
@@ -43,7 +43,7 @@ WindowCase {
         if (data.running) {
             bench.simulator.start();
             bench.connectClients(["10.0.0.2", "fe80::1234:5678:9abc:def0"]);
-            bench.failure.latencyMs = 2000;
+            bench.set("faults.latency", 2000);
             bench.advance(3000);
             bench.simulator.consolePaused = true;
             bench.advance(1000);

@@ -11,8 +11,8 @@ WindowCase {
 
         OutputSection {
             width: 400
-            config: root.bench.config
-            locked: false
+            settings: root.bench.settings
+            running: false
         }
     }
 
@@ -35,7 +35,7 @@ WindowCase {
     function test_takesAPort(data) {
         const field = fieldOf(make(sections));
         enter(field, data.text);
-        compare(bench.config.tcpPort, data.port);
+        compare(bench.value("network.tcp-port"), data.port);
         compare(field.text, data.port);
         compare(field.problem, "");
     }
@@ -48,7 +48,7 @@ WindowCase {
         const section = make(sections);
         const field = fieldOf(section);
         enter(field, data.text);
-        compare(bench.config.tcpPort, "2000");
+        compare(bench.value("network.tcp-port"), "2000");
         compare(field.text, data.text);
         verify(Qt.colorEqual(field.color, Pel.danger));
         verify(shows(section, "Un port va de 0 à 65535, 2000 reste en vigueur."));
@@ -61,7 +61,7 @@ WindowCase {
     function test_followsThePreset() {
         const field = fieldOf(make(sections));
         enter(field, "x");
-        bench.config.apply("miniplex");
+        bench.set("network.preset", "miniplex");
         compare(field.text, "10110");
     }
 }

@@ -20,7 +20,7 @@ WindowCase {
         HeaderBar {
             width: 460
             simulator: root.bench.simulator
-            failure: root.bench.failure
+            settings: root.bench.settings
         }
     }
 
@@ -34,13 +34,13 @@ WindowCase {
 
     function test_showsTheErrorUntilTheNextStart() {
         const bar = make(bars);
-        bench.config.tcpEnabled = false;
-        bench.config.udpEnabled = false;
+        bench.set("network.tcp", false);
+        bench.set("network.udp", false);
         press(bar, "Démarrer l'émission");
         const error = findChild(bar, "lastError");
         compare(error.text, "Activez au moins une sortie (TCP ou UDP).");
         verify(Qt.colorEqual(error.color, Pel.danger));
-        bench.config.udpEnabled = true;
+        bench.set("network.udp", true);
         waitForRendering(bar);
         press(bar, "Démarrer l'émission");
         compare(error.text, "");
@@ -67,9 +67,9 @@ WindowCase {
     }
 
     function test_theHeaderWarnsWhereNothingGetsOut_data() {
-        return [{tag: "stream cut", act: () => bench.failure.stopStream = true}, {tag: "all lost", act: () => bench.failure.packetLossPercent = 100}, {tag: "no output", act: () => {
-                    bench.config.tcpEnabled = false;
-                    bench.config.udpEnabled = false;
+        return [{tag: "stream cut", act: () => bench.set("faults.stop-stream", true)}, {tag: "all lost", act: () => bench.set("faults.loss", 100)}, {tag: "no output", act: () => {
+                    bench.set("network.tcp", false);
+                    bench.set("network.udp", false);
                 }}];
     }
 
@@ -84,14 +84,14 @@ WindowCase {
 
     function test_theHeaderLeadsToTheFaultsThatAreOn() {
         const header = make(headers);
-        bench.failure.disableGPS = true;
+        bench.set("faults.no-gps", true);
         verify(shows(header, "1 panne active"));
-        bench.failure.latencyMs = 100;
+        bench.set("faults.latency", 100);
         let asked = 0;
         header.faultsRequested.connect(() => ++asked);
         press(header, "2 pannes actives");
         compare(asked, 1);
-        bench.failure.reset();
+        bench.actions.perform("clear-faults");
         verify(!shows(header, "active"));
     }
 

@@ -2,33 +2,33 @@ import QtQuick
 import Tidewright
 
 WindowCase {
+    id: root
+
     name: "StepperRow"
+
+    readonly property NumberSetting latency: bench ? bench.settings.number("faults.latency") : null
 
     Component {
         id: rows
 
         StepperRow {
             width: 300
-            label: "Latence"
-            valueText: value + " ms"
-            value: 0
-            from: 0
-            to: 100
-            step: 50
-            onEdited: edit => value = edit
+            setting: root.latency
         }
     }
 
     function test_stepsWithinItsRange() {
+        latency.value = 1900;
         const row = make(rows);
         const stepper = findChild(row, "stepper");
-        for (const expected of [50, 100, 100]) {
+        for (const expected of [1950, 2000, 2000]) {
             mouseClick(stepper, stepper.width - 10, stepper.height / 2);
-            compare(row.value, expected);
+            compare(latency.value, expected);
         }
+        latency.value = 100;
         for (const expected of [50, 0, 0]) {
             mouseClick(stepper, 10, stepper.height / 2);
-            compare(row.value, expected);
+            compare(latency.value, expected);
         }
     }
 
@@ -36,7 +36,7 @@ WindowCase {
         const row = make(rows);
         findChild(row, "stepper").forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Up);
-        compare(row.value, 50);
+        compare(latency.value, 50);
         verify(shows(row, "50 ms"));
     }
 }

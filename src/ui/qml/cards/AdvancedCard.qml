@@ -6,7 +6,7 @@ import Tidewright
 Disclosure {
     id: root
 
-    required property SimulationConfig config
+    required property Settings settings
     required property GatewaySimulator simulator
     readonly property int columns: contentWidth >= Pel.twoColumnWidth - 4 * Pel.margin ? 2 : 1
     readonly property int columnWidth: (contentWidth - (columns - 1) * 2 * Pel.margin) / columns
@@ -41,14 +41,13 @@ Disclosure {
 
                 PresetSection {
                     Layout.fillWidth: true
-                    enabled: !root.simulator.isRunning
-                    config: root.config
+                    settings: root.settings
                     columns: root.columnWidth >= Pel.sideBySideWidth ? 2 : 1
                 }
                 OutputSection {
                     Layout.fillWidth: true
-                    config: root.config
-                    locked: root.simulator.isRunning
+                    settings: root.settings
+                    running: root.simulator.isRunning
                 }
             }
             ColumnLayout {
@@ -59,21 +58,10 @@ Disclosure {
 
                 RateSection {
                     Layout.fillWidth: true
-                    enabled: !root.simulator.isRunning
-                    config: root.config
+                    settings: root.settings
                 }
                 StepperRow {
-                    Layout.fillWidth: true
-                    label: "Cibles AIS"
-                    valueText: root.config.aisTargetCount
-                    value: root.config.aisTargetCount
-                    from: 0
-                    to: 100
-                    step: 1
-                    onEdited: value => {
-                        root.config.aisTargetCount = value;
-                        root.simulator.regenerateAIS();
-                    }
+                    setting: root.settings.number("ais.count")
                 }
             }
         }

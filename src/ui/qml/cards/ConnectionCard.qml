@@ -6,7 +6,7 @@ import Tidewright
 Card {
     id: root
 
-    required property SimulationConfig config
+    required property Settings settings
     required property GatewaySimulator simulator
     required property bool copied
 
@@ -24,7 +24,7 @@ Card {
     AddressBlock {
         Layout.fillWidth: true
         visible: root.simulator.isRunning
-        config: root.config
+        settings: root.settings
         simulator: root.simulator
         copied: root.copied
         onCopiedChanged: root.copied = copied

@@ -6,7 +6,8 @@ import Tidewright
 Disclosure {
     id: root
 
-    required property FailureInjection failure
+    required property Settings settings
+    required property Actions actions
     required property GatewaySimulator simulator
     required property int viewHeight // what of the page is in sight
     readonly property bool sideBySide: contentWidth >= Pel.twoColumnWidth - 4 * Pel.margin
@@ -48,7 +49,8 @@ Disclosure {
             Layout.preferredWidth: Pel.panelWidth
             Layout.alignment: Qt.AlignTop
             simulator: root.simulator
-            failure: root.failure
+            settings: root.settings
+            actions: root.actions
         }
     }
 }

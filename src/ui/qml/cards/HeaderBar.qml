@@ -7,7 +7,7 @@ Rectangle {
     id: root
 
     required property GatewaySimulator simulator
-    required property FailureInjection failure
+    required property Settings settings
     readonly property color tone: !simulator.isRunning ? Pel.inkMuted
                                                        : simulator.isSilent ? Pel.warn : Pel.ok
 
@@ -61,7 +61,7 @@ Rectangle {
         }
         FaultChip {
             visible: text !== ""
-            text: root.failure.activeText
+            text: root.settings.faultsText
             onClicked: root.faultsRequested()
         }
         Dot {

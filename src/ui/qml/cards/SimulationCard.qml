@@ -8,17 +8,15 @@ Card {
 
     required property BoatSimulationEngine engine
     required property GatewaySimulator simulator
+    required property Settings settings
+    required property Actions actions
+    readonly property ChoiceSetting mode: settings.choice("boat.mode")
 
     title: "Simulation"
     systemImage: "slider.horizontal.3"
 
-    SegmentedPicker {
-        Layout.fillWidth: true
-        label: "Mode"
-        values: root.engine.modes
-        labels: root.engine.modeLabels
-        current: root.engine.mode
-        onPicked: value => root.engine.mode = value
+    ChoiceRow {
+        setting: root.mode
     }
 
     Loader {
@@ -27,7 +25,7 @@ Card {
         Layout.fillWidth: true
         Layout.alignment: Qt.AlignTop
         sourceComponent: {
-            switch (root.engine.mode) {
+            switch (root.mode.value) {
             case "auto":
                 return auto;
             case "manual":
@@ -50,20 +48,22 @@ Card {
         AutoSection {
             engine: root.engine
             simulator: root.simulator
+            settings: root.settings
+            actions: root.actions
         }
     }
     Component {
         id: manual
 
         ManualSection {
-            targets: root.engine.manual
+            settings: root.settings
         }
     }
     Component {
         id: anchor
 
         AnchorSection {
-            settings: root.engine.anchorSettings
+            settings: root.settings
         }
     }
 }

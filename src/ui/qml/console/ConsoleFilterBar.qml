@@ -29,7 +29,7 @@ GridLayout {
         Layout.fillWidth: true
         label: "Filtrer"
         placeholderText: "Filtrer : RMC, AIVDM, texte…"
-        setting: root.model.words
+        entry: root.model.words
         hint: "Un nom de phrase en capitales, ou du texte · Ctrl+F"
         onTextEdited: root.model.words = text
         Keys.onEscapePressed: root.model.words = ""

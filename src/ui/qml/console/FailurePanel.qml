@@ -1,3 +1,5 @@
+pragma ComponentBehavior: Bound
+
 import QtQuick
 import QtQuick.Layouts
 import Tidewright
@@ -7,7 +9,8 @@ ColumnLayout {
     id: root
 
     required property GatewaySimulator simulator
-    required property FailureInjection failure
+    required property Settings settings
+    required property Actions actions
 
     spacing: Pel.tight
 
@@ -21,72 +24,34 @@ ColumnLayout {
         }
         GhostButtonStyle {
             text: "Tout rétablir"
-            hint: "Coupe toutes les pannes"
-            enabled: root.failure.activeText !== ""
-            onClicked: root.failure.reset()
+            hint: root.actions.label("clear-faults")
+            enabled: root.settings.faultsText !== ""
+            onClicked: root.actions.perform("clear-faults")
         }
     }
-    SwitchRow {
-        Layout.fillWidth: true
-        text: "Couper le flux"
-        setting: root.failure.stopStream
-        onEdited: value => root.failure.stopStream = value
+    Repeater {
+        model: ["stop-stream", "no-gps", "no-wind", "no-ais", "bad-checksum", "disconnections"]
+
+        SwitchRow {
+            required property string modelData
+
+            setting: root.settings.flag("faults." + modelData)
+        }
     }
-    SwitchRow {
-        Layout.fillWidth: true
-        text: "Couper le GPS"
-        setting: root.failure.disableGPS
-        onEdited: value => root.failure.disableGPS = value
-    }
-    SwitchRow {
-        Layout.fillWidth: true
-        text: "Couper le vent"
-        setting: root.failure.disableWind
-        onEdited: value => root.failure.disableWind = value
-    }
-    SwitchRow {
-        Layout.fillWidth: true
-        text: "Couper l'AIS"
-        setting: root.failure.disableAIS
-        onEdited: value => root.failure.disableAIS = value
-    }
-    SwitchRow {
-        Layout.fillWidth: true
-        text: "Checksum invalide"
-        setting: root.failure.invalidChecksum
-        onEdited: value => root.failure.invalidChecksum = value
-    }
-    SwitchRow {
-        Layout.fillWidth: true
-        text: "Déconnexions aléatoires"
-        setting: root.failure.randomDisconnections
-        onEdited: value => root.failure.randomDisconnections = value
-    }
-    StepperRow {
-        Layout.fillWidth: true
-        label: "Latence"
-        valueText: root.failure.latencyText
-        value: root.failure.latencyMs
-        from: 0
-        to: 2000
-        step: 50
-        onEdited: value => root.failure.latencyMs = value
-    }
-    StepperRow {
-        Layout.fillWidth: true
-        label: "Perte de paquets"
-        valueText: root.failure.packetLossText
-        value: root.failure.packetLossPercent
-        from: 0
-        to: 100
-        step: 5
-        onEdited: value => root.failure.packetLossPercent = value
+    Repeater {
+        model: ["latency", "loss"]
+
+        StepperRow {
+            required property string modelData
+
+            setting: root.settings.number("faults." + modelData)
+        }
     }
     GhostButtonStyle {
         Layout.fillWidth: true
         Layout.topMargin: Pel.gap
-        text: "Lâcher les clients TCP"
+        text: root.actions.label("drop-clients")
         enabled: root.simulator.isRunning
-        onClicked: root.simulator.dropClients()
+        onClicked: root.actions.perform("drop-clients")
     }
 }

@@ -5,35 +5,37 @@ import QtQuick.Controls.Basic
 import Tidewright
 
 /// A small slider that stays on its steps: arrows move it by one, Page Up and Page Down by ten, Home
-/// and End to the ends. Reports what the user sets through edited().
+/// and End to the ends.
 Slider {
     id: root
 
-    required property real setting
-    property string valueText: ""
-
-    signal edited(value: real)
+    required property NumberSetting setting
 
     implicitHeight: Pel.knobSize + Pel.gap
     padding: 0
-    value: setting
+    from: setting.from
+    to: setting.to
+    stepSize: setting.step
+    value: setting.value
+    enabled: !setting.locked
     snapMode: Slider.SnapAlways
     opacity: enabled ? 1 : Pel.disabledOpacity
-    Accessible.description: valueText
-    onValueChanged: if (value !== setting) edited(value)
+    Accessible.name: setting.label
+    Accessible.description: setting.text
+    onValueChanged: if (value !== setting.value) setting.value = value
     Keys.onPressed: event => {
         switch (event.key) {
         case Qt.Key_PageUp:
-            edited(Math.min(to, setting + 10 * stepSize));
+            setting.value = Math.min(to, setting.value + 10 * stepSize);
             break;
         case Qt.Key_PageDown:
-            edited(Math.max(from, setting - 10 * stepSize));
+            setting.value = Math.max(from, setting.value - 10 * stepSize);
             break;
         case Qt.Key_Home:
-            edited(from);
+            setting.value = from;
             break;
         case Qt.Key_End:
-            edited(to);
+            setting.value = to;
             break;
         default:
             return;

@@ -4,22 +4,22 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Tidewright
 
-/// A text to type over one setting. What is wrong with it shows while it is wrong; Enter, or leaving
+/// A text to type over what is in force. What is wrong with it shows while it is wrong; Enter, or leaving
 /// the field, enters what is right; Escape brings back what is in force.
 TextField {
     id: root
 
     required property string label
-    required property string setting
+    required property string entry
     property var check: text => "" // what is wrong with a text, in words; empty: nothing
     property string hint: ""
     property bool plain: false // looks like text until it is used
-    readonly property string problem: text === setting ? "" : check(text)
+    readonly property string problem: text === entry ? "" : check(text)
 
     signal entered(text: string)
 
-    function showSetting() {
-        text = Qt.binding(() => root.setting);
+    function showEntry() {
+        text = Qt.binding(() => root.entry);
     }
 
     implicitHeight: Pel.controlHeight
@@ -28,7 +28,7 @@ TextField {
     topPadding: 0
     bottomPadding: 0
     verticalAlignment: Text.AlignVCenter
-    text: setting
+    text: entry
     color: problem === "" ? Pel.ink : Pel.danger
     placeholderTextColor: Pel.inkMuted
     selectionColor: Pel.brand
@@ -42,10 +42,10 @@ TextField {
         if (problem !== "")
             return;
         entered(text);
-        showSetting();
+        showEntry();
     }
     onActiveFocusChanged: if (activeFocus && focusReason !== Qt.MouseFocusReason) selectAll()
-    Keys.onEscapePressed: showSetting()
+    Keys.onEscapePressed: showEntry()
 
     Hint {
         text: root.hint

@@ -6,18 +6,10 @@ import Tidewright
 ColumnLayout {
     id: root
 
-    required property string label
-    required property real value
-    required property real from
-    required property real to
-    required property real step
-    required property string unit
-    required property string format
-    readonly property string valueText: DialText.of(format, value, unit)
-
-    signal edited(value: real)
+    required property NumberSetting setting
 
     spacing: 0
+    Layout.fillWidth: true
 
     RowLayout {
         Layout.fillWidth: true
@@ -25,7 +17,7 @@ ColumnLayout {
 
         Text {
             Layout.fillWidth: true
-            text: root.label
+            text: root.setting.label
             color: Pel.ink
             font.pixelSize: Pel.textSize
             textFormat: Text.PlainText
@@ -37,26 +29,14 @@ ColumnLayout {
 
             objectName: "number"
             Layout.rightMargin: -Pel.tight // its digits end where the slider does
-            label: root.label + " (valeur)"
-            value: root.value
-            from: root.from
-            to: root.to
-            unit: root.unit
-            format: root.format
-            onEdited: value => root.edited(value)
+            setting: root.setting
         }
     }
 
     DialSlider {
         objectName: "slider"
         Layout.fillWidth: true
-        from: root.from
-        to: root.to
-        stepSize: root.step
-        setting: root.value
-        valueText: root.valueText
-        Accessible.name: root.label
-        onEdited: value => root.edited(value)
+        setting: root.setting
     }
     Problem {
         Layout.fillWidth: true

@@ -1,26 +1,16 @@
 import QtQuick
 import Tidewright
 
-/// A number with its unit, to be typed, with a point or a comma. Reports it through edited().
+/// A number with its unit, to be typed, with a point or a comma.
 EntryField {
     id: root
 
-    required property real value
-    required property real from
-    required property real to
-    required property string unit
-    required property string format
-
-    signal edited(value: real)
+    required property NumberSetting setting
 
     plain: true
-    setting: DialText.of(format, value, unit)
-    check: text => {
-        const number = DialText.number(text, unit);
-        if (number >= from && number <= to)
-            return "";
-        return "Un nombre de " + DialText.of(format, from, "").trim() + " à " + DialText.of(format, to, unit);
-    }
+    label: setting.label + " (valeur)"
+    entry: setting.text
+    check: text => isNaN(setting.read(text)) ? "Un nombre de " + setting.range : ""
     implicitWidth: Math.max(Pel.numberWidth, Math.ceil(contentWidth) + leftPadding + rightPadding + Pel.tight)
     implicitHeight: Pel.numberHeight
     horizontalAlignment: TextInput.AlignRight
@@ -28,7 +18,7 @@ EntryField {
     font.weight: Font.Medium
     inputMethodHints: Qt.ImhFormattedNumbersOnly
     onEntered: text => {
-        if (text !== setting)
-            edited(DialText.number(text, unit));
+        if (text !== entry)
+            setting.value = setting.read(text);
     }
 }

@@ -5,26 +5,20 @@ import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Tidewright
 
-/// One whole number: its label, its value as text, and a stepper. Reports what the user sets
-/// through edited().
+/// One whole number: its label, its value as text, and a stepper.
 RowLayout {
     id: root
 
-    required property string label
-    required property string valueText
-    required property int value
-    required property int from
-    required property int to
-    required property int step
+    required property NumberSetting setting
 
-    signal edited(value: int)
-
+    Layout.fillWidth: true
     spacing: Pel.space
+    enabled: !setting.locked
     opacity: enabled ? 1 : Pel.disabledOpacity
 
     Text {
         Layout.fillWidth: true
-        text: root.label
+        text: root.setting.label
         color: Pel.ink
         font.pixelSize: Pel.textSize
         textFormat: Text.PlainText
@@ -33,7 +27,7 @@ RowLayout {
     }
     Text {
         objectName: "valueText"
-        text: root.valueText
+        text: root.setting.text
         color: Pel.ink
         font.family: Pel.monoFamily
         font.pixelSize: Pel.textSize
@@ -48,26 +42,26 @@ RowLayout {
         implicitWidth: 2 * Pel.stepWidth + Pel.hair
         implicitHeight: Pel.controlHeight
         padding: 0
-        from: root.from
-        to: root.to
-        stepSize: root.step
-        value: root.value
-        Accessible.name: root.label
-        Accessible.description: root.valueText
-        onValueChanged: if (value !== root.value) root.edited(value)
+        from: root.setting.from
+        to: root.setting.to
+        stepSize: root.setting.step
+        value: root.setting.value
+        Accessible.name: root.setting.label
+        Accessible.description: root.setting.text
+        onValueChanged: if (value !== root.setting.value) root.setting.value = value
         Keys.onPressed: event => {
             switch (event.key) {
             case Qt.Key_PageUp:
-                root.edited(Math.min(root.to, root.value + 10 * root.step));
+                root.setting.value = Math.min(to, value + 10 * stepSize);
                 break;
             case Qt.Key_PageDown:
-                root.edited(Math.max(root.from, root.value - 10 * root.step));
+                root.setting.value = Math.max(from, value - 10 * stepSize);
                 break;
             case Qt.Key_Home:
-                root.edited(root.from);
+                root.setting.value = from;
                 break;
             case Qt.Key_End:
-                root.edited(root.to);
+                root.setting.value = to;
                 break;
             default:
                 return;

@@ -2,28 +2,29 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import QtQuick.Controls.Basic
+import QtQuick.Layouts
 import Tidewright
 
-/// One yes or no: its label, and a switch at the far end, or before it where `leading`. Reports
-/// what the user sets through edited().
+/// One yes or no: its label, and a switch at the far end, or before it where `leading`.
 Switch {
     id: root
 
-    required property bool setting
+    required property FlagSetting setting
     property bool leading: false
 
-    signal edited(value: bool)
-
+    Layout.fillWidth: true
+    text: setting.label
+    enabled: !setting.locked
     implicitHeight: Pel.controlHeight
     padding: 0
     spacing: Pel.gap
-    checked: setting
+    checked: setting.value
     opacity: enabled ? 1 : Pel.disabledOpacity
     font.pixelSize: Pel.textSize
     Accessible.name: text
     Keys.onReturnPressed: toggle()
     Keys.onEnterPressed: toggle()
-    onCheckedChanged: if (checked !== setting) edited(checked)
+    onCheckedChanged: if (checked !== setting.value) setting.value = checked
 
     indicator: SwitchMark {
         x: root.leading ? 0 : root.width - width

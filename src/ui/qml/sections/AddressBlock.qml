@@ -6,7 +6,7 @@ import Tidewright
 ColumnLayout {
     id: root
 
-    required property SimulationConfig config
+    required property Settings settings
     required property GatewaySimulator simulator
     required property bool copied
     property bool showClients: false
@@ -31,13 +31,13 @@ ColumnLayout {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
             label: "Port TCP"
-            value: root.config.tcpPort
+            value: root.settings.number("network.tcp-port").text
         }
         StatTile {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
             label: "Port UDP"
-            value: root.config.udpPort
+            value: root.settings.number("network.udp-port").text
         }
     }
 

@@ -6,7 +6,10 @@ import Tidewright
 ColumnLayout {
     id: root
 
-    required property AnchorSettings settings
+    required property Settings settings
+    readonly property FlagSetting shifting: settings.flag("anchor.shifting-wind")
+    readonly property FlagSetting taut: settings.flag("anchor.chain-taut")
+    readonly property FlagSetting dragging: settings.flag("anchor.dragging")
 
     spacing: Pel.gap
 
@@ -20,48 +23,21 @@ ColumnLayout {
         text: "Vent"
     }
     ManualSliderRow {
-        Layout.fillWidth: true
-        label: "Direction du vent"
-        value: root.settings.windDirection
-        from: 0
-        to: 359
-        step: 1
-        unit: "°"
-        format: "%.0f"
-        onEdited: value => root.settings.windDirection = value
+        setting: root.settings.number("anchor.wind-direction")
     }
     ManualSliderRow {
-        Layout.fillWidth: true
-        label: "Force du vent"
-        value: root.settings.windSpeed
-        from: 0
-        to: 50
-        step: 1
-        unit: "nd"
-        format: "%.0f"
-        onEdited: value => root.settings.windSpeed = value
+        setting: root.settings.number("anchor.wind-speed")
     }
     SwitchRow {
-        Layout.fillWidth: true
-        text: "Bascules automatiques du vent"
-        setting: root.settings.shiftingWind
-        onEdited: value => root.settings.shiftingWind = value
+        setting: root.shifting
     }
     ManualSliderRow {
-        Layout.fillWidth: true
-        visible: root.settings.shiftingWind
-        label: "Amplitude des bascules"
-        value: root.settings.shiftAmplitude
-        from: 0
-        to: 180
-        step: 1
-        unit: "°"
-        format: "%.0f"
-        onEdited: value => root.settings.shiftAmplitude = value
+        visible: root.shifting.value
+        setting: root.settings.number("anchor.shift-amplitude")
     }
     Caption {
         Layout.fillWidth: true
-        visible: root.settings.shiftingWind
+        visible: root.shifting.value
         text: "Le vent oscille de part et d'autre de la direction choisie sur un cycle de 2 minutes."
     }
 
@@ -70,52 +46,33 @@ ColumnLayout {
         text: "Mouillage"
     }
     ManualSliderRow {
-        Layout.fillWidth: true
-        label: "Longueur de chaîne"
-        value: root.settings.chainLength
-        from: 5
-        to: 200
-        step: 1
-        unit: "m"
-        format: "%.0f"
-        onEdited: value => root.settings.chainLength = value
+        setting: root.settings.number("anchor.chain-length")
     }
     SegmentedPicker {
         Layout.fillWidth: true
         label: "Tension de la chaîne"
         values: ["taut", "slack"]
         labels: ["Chaîne tendue", "Chaîne molle"]
-        current: root.settings.chainTaut ? "taut" : "slack"
-        onPicked: value => root.settings.chainTaut = value === "taut"
+        current: root.taut.value ? "taut" : "slack"
+        onPicked: value => root.taut.value = value === "taut"
     }
     Caption {
         objectName: "chainCaption"
         Layout.fillWidth: true
-        text: root.settings.chainTaut
+        text: root.taut.value
               ? "Chaîne tendue : le bateau évite près de la limite de la chaîne."
               : "Chaîne molle : le bateau reste plus près de l'ancre et réagit plus lentement."
     }
     SwitchRow {
-        Layout.fillWidth: true
-        text: "Ancre qui dérape"
-        setting: root.settings.dragging
-        onEdited: value => root.settings.dragging = value
+        setting: root.dragging
     }
     ManualSliderRow {
-        Layout.fillWidth: true
-        visible: root.settings.dragging
-        label: "Vitesse de dérapage"
-        value: root.settings.dragSpeed
-        from: 0
-        to: 3
-        step: 0.1
-        unit: "nd"
-        format: "%.1f"
-        onEdited: value => root.settings.dragSpeed = value
+        visible: root.dragging.value
+        setting: root.settings.number("anchor.drag-speed")
     }
     Caption {
         Layout.fillWidth: true
-        visible: root.settings.dragging
+        visible: root.dragging.value
         text: "L'ancre glisse sous le vent ; la trace GPS peut sortir du cercle de mouillage."
     }
 }

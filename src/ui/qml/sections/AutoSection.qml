@@ -8,21 +8,19 @@ ColumnLayout {
 
     required property BoatSimulationEngine engine
     required property GatewaySimulator simulator
+    required property Settings settings
+    required property Actions actions
+    readonly property ChoiceSetting program: settings.choice("boat.program")
 
     spacing: Pel.space
 
-    SegmentedPicker {
-        Layout.fillWidth: true
-        label: "Programme"
-        values: root.engine.programs
-        labels: root.engine.programLabels
-        current: root.engine.program
-        onPicked: value => root.engine.program = value
+    ChoiceRow {
+        setting: root.program
     }
     Caption {
         objectName: "programDescription"
         Layout.fillWidth: true
-        text: root.engine.programDescription
+        text: root.program.detail
     }
 
     Rectangle {
@@ -57,18 +55,18 @@ ColumnLayout {
         GhostButtonStyle {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
-            text: "Virer de bord"
+            text: root.actions.label("tack")
             shortcut: "Alt+V"
             enabled: root.simulator.isRunning
-            onClicked: root.engine.triggerManeuver(true)
+            onClicked: root.actions.perform("tack")
         }
         GhostButtonStyle {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
-            text: "Empanner"
+            text: root.actions.label("gybe")
             shortcut: "Alt+E"
             enabled: root.simulator.isRunning
-            onClicked: root.engine.triggerManeuver(false)
+            onClicked: root.actions.perform("gybe")
         }
     }
     Caption {
@@ -78,10 +76,11 @@ ColumnLayout {
 
     WindSection {
         Layout.fillWidth: true
-        environment: root.engine.environment
+        engine: root.engine
+        settings: root.settings
     }
     PerformanceSection {
         Layout.fillWidth: true
-        environment: root.engine.environment
+        settings: root.settings
     }
 }

@@ -6,7 +6,7 @@ import Tidewright
 ColumnLayout {
     id: root
 
-    required property SailingEnvironment environment
+    required property Settings settings
 
     spacing: Pel.gap
 
@@ -15,21 +15,10 @@ ColumnLayout {
         text: "Performance du bateau"
     }
     ManualSliderRow {
-        Layout.fillWidth: true
-        label: "% de polaire"
-        value: root.environment.performancePercent
-        from: 70
-        to: 114.99999999999999 // 1.15 of the polar, in per cent, as doubles have it
-        step: 1
-        unit: "%"
-        format: "%.0f"
-        onEdited: value => root.environment.performancePercent = value
+        setting: root.settings.number("boat.performance")
     }
     SwitchRow {
-        Layout.fillWidth: true
-        text: "Paliers d'équipage"
-        setting: root.environment.crewSteps
-        onEdited: value => root.environment.crewSteps = value
+        setting: root.settings.flag("boat.crew-steps")
     }
     Caption {
         Layout.fillWidth: true

@@ -9,9 +9,10 @@ import Tidewright
 ColumnLayout {
     id: root
 
-    required property SimulationConfig config
+    required property Settings settings
     required property int columns
-    property int reached: Math.max(0, config.presets.indexOf(config.preset)) // by the keyboard
+    readonly property ChoiceSetting preset: settings.choice("network.preset")
+    property int reached: Math.max(0, preset.values.indexOf(preset.value)) // by the keyboard
 
     function reach(index: int) {
         if (index < 0 || index >= tiles.count)
@@ -21,15 +22,16 @@ ColumnLayout {
     }
 
     spacing: Pel.gap
+    enabled: !preset.locked
     Accessible.role: Accessible.Grouping
-    Accessible.name: "Passerelle simulée"
+    Accessible.name: preset.label
     Keys.onLeftPressed: reach(reached - 1)
     Keys.onRightPressed: reach(reached + 1)
     Keys.onUpPressed: reach(reached - columns)
     Keys.onDownPressed: reach(reached + columns)
 
     SectionLabel {
-        text: "Passerelle simulée"
+        text: root.preset.label
     }
     GridLayout {
         Layout.fillWidth: true
@@ -40,7 +42,7 @@ ColumnLayout {
         Repeater {
             id: tiles
 
-            model: root.config.presets
+            model: root.preset.values
 
             PresetTile {
                 required property int index
@@ -49,12 +51,12 @@ ColumnLayout {
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
                 focusPolicy: index === root.reached || activeFocus ? Qt.StrongFocus : Qt.ClickFocus
-                text: root.config.presetNames[index]
-                details: root.config.presetDetails[index]
-                chosen: root.config.preset === modelData
-                modified: chosen && root.config.presetModified
+                text: root.preset.labels[index]
+                details: root.preset.details[index]
+                chosen: root.preset.value === modelData
+                modified: chosen && root.settings.presetModified
                 onActiveFocusChanged: if (activeFocus) root.reached = index
-                onClicked: root.config.apply(modelData)
+                onClicked: root.preset.value = modelData
             }
         }
     }

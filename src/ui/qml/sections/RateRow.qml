@@ -6,44 +6,31 @@ import Tidewright
 RowLayout {
     id: root
 
-    required property string label
-    required property bool sent
-    required property real rate
-    readonly property string rateText: DialText.of("%.1f", rate, "Hz")
+    required property FlagSetting sensor
+    required property NumberSetting rate
 
-    signal switched(value: bool)
-    signal edited(value: real)
-
+    Layout.fillWidth: true
     spacing: Pel.gap
 
     SwitchRow {
         objectName: "switch"
+        Layout.fillWidth: false
         Layout.preferredWidth: Pel.familyWidth
         leading: true
-        text: root.label
-        setting: root.sent
-        onEdited: value => root.switched(value)
+        setting: root.sensor
+        text: root.rate.label
     }
     DialSlider {
         objectName: "slider"
         Layout.fillWidth: true
-        from: 0
-        to: 20
-        stepSize: 0.1
         setting: root.rate
-        valueText: root.rateText
-        Accessible.name: "Cadence : " + root.label
-        onEdited: value => root.edited(value)
+        Accessible.name: "Cadence : " + root.rate.label
     }
     NumberField {
         objectName: "number"
-        label: "Cadence : " + root.label + " (valeur)"
-        value: root.rate
-        from: 0
-        to: 20
-        unit: "Hz"
-        format: "%.1f"
+        setting: root.rate
+        label: "Cadence : " + root.rate.label + " (valeur)"
+        enabled: !root.rate.locked
         hint: problem
-        onEdited: value => root.edited(value)
     }
 }

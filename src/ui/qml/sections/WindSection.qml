@@ -6,7 +6,9 @@ import Tidewright
 ColumnLayout {
     id: root
 
-    required property SailingEnvironment environment
+    required property BoatSimulationEngine engine
+    required property Settings settings
+    readonly property ChoiceSetting preset: settings.choice("wind.preset")
 
     spacing: Pel.gap
 
@@ -14,41 +16,20 @@ ColumnLayout {
         Layout.topMargin: Pel.tight
         text: "Vent"
     }
-    SegmentedPicker {
-        Layout.fillWidth: true
-        label: "Force du vent"
-        values: root.environment.windPresets
-        labels: root.environment.windPresetLabels
-        current: root.environment.windPreset
-        onPicked: value => root.environment.windPreset = value
+    ChoiceRow {
+        setting: root.preset
     }
     ManualSliderRow {
-        Layout.fillWidth: true
-        visible: root.environment.windPreset === "custom"
-        label: "Vent mini"
-        value: root.environment.customMin
-        from: 3
-        to: 34
-        step: 1
-        unit: "nd"
-        format: "%.0f"
-        onEdited: value => root.environment.customMin = value
+        visible: root.preset.value === "custom"
+        setting: root.settings.number("wind.low")
     }
     ManualSliderRow {
-        Layout.fillWidth: true
-        visible: root.environment.windPreset === "custom"
-        label: "Vent maxi"
-        value: root.environment.customMax
-        from: 4
-        to: 35
-        step: 1
-        unit: "nd"
-        format: "%.0f"
-        onEdited: value => root.environment.customMax = value
+        visible: root.preset.value === "custom"
+        setting: root.settings.number("wind.high")
     }
     Caption {
         objectName: "windCaption"
         Layout.fillWidth: true
-        text: root.environment.windCaption
+        text: root.engine.windCaption
     }
 }

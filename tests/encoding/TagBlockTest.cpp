@@ -1,0 +1,21 @@
+#include "encoding/TagBlock.h"
+
+#include <gtest/gtest.h>
+
+namespace tidewright::encoding {
+namespace {
+using namespace std::chrono_literals;
+
+TEST(TagBlockTest, namesSourceAndTimeInMilliseconds) {
+    EXPECT_EQ(tagBlock(platform::WallTime(1'780'315'200'123'999'999ns)),
+              "\\s:tidewright,c:1780315200123*0C\\");
+}
+
+TEST(TagBlockTest, knowsASentenceThatBringsItsOwn) {
+    EXPECT_TRUE(hasTagBlock("\\c:1*00\\$IIMTW,16.5,C*11\r\n"));
+    EXPECT_FALSE(hasTagBlock("$IIMTW,16.5,C*11\r\n"));
+    EXPECT_FALSE(hasTagBlock(""));
+}
+
+}  // namespace
+}  // namespace tidewright::encoding
