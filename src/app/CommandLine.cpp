@@ -62,7 +62,8 @@ private:
             if (value) return report(fmt::format("{} ne prend pas de valeur.", name));
         } else {
             if (!value && i + 1 < arguments_.size()) value = arguments_[++i];
-            if (!value) return report(fmt::format("{} attend une valeur : {}.", name, named->readable));
+            if (!value)
+                return report(fmt::format("{} attend une valeur : {}.", name, named->readable));
             if (!named->reads(*value)) return reportUnreadable(*named, *value);
         }
         given_.push_back({named, value.value_or("")});
@@ -82,7 +83,8 @@ private:
             allowed = fmt::format("{} ; le plus proche est {}", fmt::join(words, ", "),
                                   gateway::nearestName(value, words));
         }
-        report(fmt::format("{} : « {} » ne peut être lu ; il faut {}.", named.name, value, allowed));
+        report(
+            fmt::format("{} : « {} » ne peut être lu ; il faut {}.", named.name, value, allowed));
     }
 
     void report(std::string problem) { problem_ = std::move(problem); }

@@ -50,8 +50,9 @@ std::string HeadlessRunner::banner() const {
         text += fmt::format("  TCP  {}:{}\n", interface ? interface->ip : "0.0.0.0",
                             config.tcpPort.get());
     if (config.udpEnabled)
-        text += fmt::format("  UDP  {}{}:{}\n", assembly_.gateway.broadcastsUdp() ? "broadcast " : "",
-                            assembly_.gateway.udpDestination(), config.udpPort.get());
+        text +=
+            fmt::format("  UDP  {}{}:{}\n", assembly_.gateway.broadcastsUdp() ? "broadcast " : "",
+                        assembly_.gateway.udpDestination(), config.udpPort.get());
     text += config.ais ? fmt::format("  AIS  {} targets\n", config.aisTargetCount.get())
                        : "  AIS  off\n";
     return text + "  Ctrl-C pour arrêter.\n";
@@ -68,12 +69,11 @@ int HeadlessRunner::run(const Arguments& arguments) {
     platform::SystemRandom random;
     platform::AsioMainLoop loop;
     int exitStatus = 0;
-    const HeadlessRunner runner(
-        arguments, gateway::Host::machine(loop, random, {}),
-        {.write = writeStandardError, .fail = [&](int status) {
-             exitStatus = status;
-             loop.stop();
-         }});
+    const HeadlessRunner runner(arguments, gateway::Host::machine(loop, random, {}),
+                                {.write = writeStandardError, .fail = [&](int status) {
+                                     exitStatus = status;
+                                     loop.stop();
+                                 }});
     if (exitStatus == 0) loop.run();
     return exitStatus;
 }

@@ -13,9 +13,9 @@ namespace {
 constexpr std::size_t effectColumn = 30;
 
 std::string lineAbout(const Option& option) {
-    const std::string given = fmt::format("  {}{}{}", option.name,
-                                          option.valueName.french.empty() ? "" : " ",
-                                          option.valueName.french);
+    const std::string given =
+        fmt::format("  {}{}{}", option.name, option.valueName.french.empty() ? "" : " ",
+                    option.valueName.french);
     std::string line = fmt::format("{:<{}}{}", given, effectColumn, option.effect.french);
     if (!option.otherwise.empty()) line += fmt::format(" ({})", option.otherwise);
     if (!option.words.empty())

@@ -104,8 +104,10 @@ std::vector<Option> networkOptions() {
          .otherwise = "5",
          .reads = [](const std::string& text) { return CommandLine::integer(text).has_value(); },
          .readable = "un nombre entier",
-         .apply = [](const std::string& text, SimulationConfig& config,
-                     BoatSimulationEngine&) { config.aisTargetCount = *CommandLine::integer(text); }},
+         .apply =
+             [](const std::string& text, SimulationConfig& config, BoatSimulationEngine&) {
+                 config.aisTargetCount = *CommandLine::integer(text);
+             }},
     };
 }
 
@@ -116,11 +118,13 @@ std::vector<Option> sailingOptions() {
          .effect = {"programme de navigation", "what to sail"},
          .otherwise = "sequence",
          .words = programNames(),
-         .reads = [](const std::string& text) { return simulation::sailingProgram(text).has_value(); },
+         .reads =
+             [](const std::string& text) { return simulation::sailingProgram(text).has_value(); },
          .readable = "un programme",
-         .apply = [](const std::string& text, SimulationConfig&, BoatSimulationEngine& engine) {
-             engine.program = *simulation::sailingProgram(text);
-         }},
+         .apply =
+             [](const std::string& text, SimulationConfig&, BoatSimulationEngine& engine) {
+                 engine.program = *simulation::sailingProgram(text);
+             }},
         {.name = "--wind-range",
          .valueName = {"MIN-MAX", "LOW-HIGH"},
          .effect = {"vent en nœuds, par exemple 8-16", "wind in knots, as in 8-16"},
@@ -138,38 +142,37 @@ std::vector<Option> sailingOptions() {
          .apply = applyPerformance},
         {.name = "--no-steps",
          .effect = {"sans les paliers d'équipage", "no ups and downs of the crew"},
-         .apply = [](const std::string&, SimulationConfig&, BoatSimulationEngine& engine) {
-             changeEnvironment(engine, [](SailingEnvironment& each) { each.crewSteps = false; });
-         }},
+         .apply =
+             [](const std::string&, SimulationConfig&, BoatSimulationEngine& engine) {
+                 changeEnvironment(engine,
+                                   [](SailingEnvironment& each) { each.crewSteps = false; });
+             }},
     };
 }
 
 std::vector<Option> everyOption() {
-    std::vector<Option> all{{.name = "--headless",
-                             .effect = {"émet sans fenêtre, jusqu'à Ctrl-C",
-                                        "sends without a window, until Ctrl-C"}}};
+    std::vector<Option> all{
+        {.name = "--headless",
+         .effect = {"émet sans fenêtre, jusqu'à Ctrl-C", "sends without a window, until Ctrl-C"}}};
     std::ranges::move(networkOptions(), std::back_inserter(all));
     std::ranges::move(sailingOptions(), std::back_inserter(all));
-    all.push_back({.name = "--set",
-                   .valueName = {"RÉGLAGE=VALEUR", "NAME=VALUE"},
-                   .effect = {"un réglage, voir --settings ; peut être répétée",
-                              "any setting, see --settings; may be repeated"},
-                   .isStrict = true,
-                   .mayRepeat = true,
-                   .reads = [](const std::string& text) {
-                       return text.find('=') != std::string::npos;
-                   },
-                   .readable = "RÉGLAGE=VALEUR"});
+    all.push_back(
+        {.name = "--set",
+         .valueName = {"RÉGLAGE=VALEUR", "NAME=VALUE"},
+         .effect = {"un réglage, voir --settings ; peut être répétée",
+                    "any setting, see --settings; may be repeated"},
+         .isStrict = true,
+         .mayRepeat = true,
+         .reads = [](const std::string& text) { return text.find('=') != std::string::npos; },
+         .readable = "RÉGLAGE=VALEUR"});
     all.push_back({.name = "--settings",
                    .effect = {"la liste des réglages", "the list of the settings"},
                    .isQuestion = true,
                    .isStrict = true});
-    all.push_back({.name = "--help",
-                   .effect = {"cette aide", "a summary in French"},
-                   .isQuestion = true});
-    all.push_back({.name = "--version",
-                   .effect = {"la version", "the version"},
-                   .isQuestion = true});
+    all.push_back(
+        {.name = "--help", .effect = {"cette aide", "a summary in French"}, .isQuestion = true});
+    all.push_back(
+        {.name = "--version", .effect = {"la version", "the version"}, .isQuestion = true});
     return all;
 }
 

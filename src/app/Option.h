@@ -18,10 +18,10 @@ struct BothLanguages {
 /// One option of the command line, declared once: parsing, --help, the manuals, the completions and
 /// the README's table come from it.
 struct Option {
-    std::string_view name;        ///< with its dashes
-    BothLanguages valueName = {}; ///< what stands for its value, in capitals; empty: it takes none
-    BothLanguages effect;         ///< without a full stop
-    std::string_view otherwise = {}; ///< what holds without it; empty: nothing to say
+    std::string_view name;         ///< with its dashes
+    BothLanguages valueName = {};  ///< what stands for its value, in capitals; empty: it takes none
+    BothLanguages effect;          ///< without a full stop
+    std::string_view otherwise = {};      ///< what holds without it; empty: nothing to say
     std::vector<std::string> words = {};  ///< what its value may be, where that is one of a few
 
     /// Where it counts: for --headless, or alone, as a question that the program answers.

@@ -25,7 +25,8 @@ void execute(const std::filesystem::path& program, const Arguments& arguments) {
 
 void becomeWindow(const Arguments& arguments) {
     const std::filesystem::path here = executablePath().parent_path();
-    if (here.is_absolute()) {  // or else a stranger's program may lie in the current folder
+    if (here.is_absolute()) {  // never from the current folder: anybody may have put a program
+                               // there
         execute(here / windowProgram, arguments);
         execute(here / TIDEWRIGHT_LIBEXEC_FROM_BIN / windowProgram, arguments);
     }

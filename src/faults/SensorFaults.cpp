@@ -2,8 +2,8 @@
 
 namespace tidewright::faults {
 
-simulation::BoatState SensorFaults::reported(const simulation::BoatState& state) {
-    return state;
+simulation::BoatState SensorFaults::reported() const {
+    return engine_.state;
 }
 
 }  // namespace tidewright::faults

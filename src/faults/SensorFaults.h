@@ -1,21 +1,20 @@
 #pragma once
 
-#include "faults/FailureInjection.h"
-#include "simulation/BoatState.h"
+#include "simulation/BoatSimulationEngine.h"
 
 namespace tidewright::faults {
 
 /// What the boat's instruments report of her true state.
 class SensorFaults {
 public:
-    /// `faults` must outlive this.
-    explicit SensorFaults(const FailureInjection& faults) : faults_(faults) {}
+    /// `engine` must outlive this.
+    explicit SensorFaults(const simulation::BoatSimulationEngine& engine) : engine_(engine) {}
 
-    /// The state as reported, to be asked once for every new true state.
-    simulation::BoatState reported(const simulation::BoatState& state);
+    /// What they report now.
+    simulation::BoatState reported() const;
 
 private:
-    const FailureInjection& faults_;
+    const simulation::BoatSimulationEngine& engine_;
 };
 
 }  // namespace tidewright::faults

@@ -22,9 +22,9 @@ struct ConsoleLineId {
 /// One line of the record.
 struct ConsoleLine {
     ConsoleLineId id;
-    std::string time;       ///< local, "HH:mm:ss"
-    std::string transport;  ///< "SYS", "TCP" or "UDP"
-    std::string text;       ///< without white space at its ends
+    std::string time;                ///< local, "HH:mm:ss"
+    std::string transport;           ///< "SYS", "TCP" or "UDP"
+    std::string text;                ///< without white space at its ends
     std::uint64_t missedBefore = 0;  ///< lines that were to be logged right before it, and were not
 
     /// As it is copied: "14:03:27 TCP > text".

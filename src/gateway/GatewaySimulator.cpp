@@ -22,7 +22,7 @@ GatewaySimulator::GatewaySimulator(simulation::BoatSimulationEngine& engine,
       faults_(faults),
       host_(std::move(host)),
       console_(host_.random, host_.utcOffset),
-      sensorFaults_(faults),
+      sensorFaults_(engine),
       sentenceFaults_(faults),
       delivery_(host_.loop, host_.random, faults,
                 [this](std::string sentence) { sendNow(std::move(sentence)); }),
@@ -182,7 +182,7 @@ void GatewaySimulator::followNetwork() {
 }
 
 bool GatewaySimulator::startEngine() {
-    track_.clear();  // before the boat is home again, lest a line lead there
+    track_.clear();  // before the boat is home again, so that no line leads there
     try {
         engine_.start(wantedTargets());
         extendTrack();
@@ -219,7 +219,7 @@ void GatewaySimulator::pump() {
 
 void GatewaySimulator::emit(const SentenceFamily& family) {
     if (family.silencer && faults_.*family.silencer) return;
-    const simulation::BoatState reported = sensorFaults_.reported(engine_.state);
+    const simulation::BoatState reported = sensorFaults_.reported();
     delivery_.deliver(sentenceFaults_.apply(family.sentences({.boat = reported,
                                                               .vessels = engine_.traffic.targets,
                                                               .aisReports = aisReports_,

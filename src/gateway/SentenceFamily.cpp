@@ -53,7 +53,8 @@ Sentences ais(const EmissionSource& source) {
 
 constexpr std::array<SentenceFamily, 8> table{{
     {SentenceKind::position, "position", "position", "Position (RMC, GGA)",
-     &SimulationConfig::positionHz, &SimulationConfig::gps, &FailureInjection::disableGPS, position},
+     &SimulationConfig::positionHz, &SimulationConfig::gps, &FailureInjection::disableGPS,
+     position},
     {SentenceKind::courseSpeed, "courseSpeed", "course-speed", "Route fond (VTG)",
      &SimulationConfig::courseSpeedHz, &SimulationConfig::gps, &FailureInjection::disableGPS,
      courseSpeed},

@@ -54,10 +54,10 @@ struct Setting {
     /// Takes a value that fits.
     std::function<void(const SettingValue&)> write;
 
-    SettingRange range = {};                     ///< of an integer or a number
-    std::vector<SettingChoice> choices = {};     ///< of a choice; the words that a text may be
+    SettingRange range = {};                       ///< of an integer or a number
+    std::vector<SettingChoice> choices = {};       ///< of a choice; the words that a text may be
     bool (*isText)(const std::string&) = nullptr;  ///< which other texts a text may be
-    std::string otherTexts = {};                 ///< what these are, in French
+    std::string otherTexts = {};                   ///< what these are, in French
     SettingActs acts = SettingActs::now;
 
     /// May be switched while the gateway runs, though that does not do everything at once.

@@ -111,9 +111,9 @@ std::string nameOf(const GatewayPreset& preset) {
 Setting presetChoice(SimulationConfig& config) {
     std::vector<SettingChoice> choices;
     for (const GatewayPreset& each : GatewayPreset::all)
-        choices.push_back({std::string(each.id), nameOf(each),
-                           fmt::format("TCP {} · UDP {} · {}", each.tcpPort, each.udpPort,
-                                       each.gpsTalker)});
+        choices.push_back(
+            {std::string(each.id), nameOf(each),
+             fmt::format("TCP {} · UDP {} · {}", each.tcpPort, each.udpPort, each.gpsTalker)});
     return {.name = "network.preset",
             .label = "Passerelle simulée",
             .kind = SettingKind::choice,
@@ -182,9 +182,9 @@ std::vector<Setting> sensorRows(SimulationConfig& config) {
 std::vector<Setting> rateRows(SimulationConfig& config) {
     std::vector<Setting> rows;
     for (const SentenceFamily& each : sentenceFamilies)
-        rows.push_back(atNextStart(number(
-            fmt::format("rates.{}", each.row), std::string(each.label),
-            {.from = 0, .to = 20, .step = 0.1, .unit = "Hz"}, place(config.*each.hertz))));
+        rows.push_back(atNextStart(
+            number(fmt::format("rates.{}", each.row), std::string(each.label),
+                   {.from = 0, .to = 20, .step = 0.1, .unit = "Hz"}, place(config.*each.hertz))));
     return rows;
 }
 
@@ -210,20 +210,20 @@ std::vector<Setting> boatRows(BoatSimulationEngine& engine) {
     const Place<double> percent{
         [performance] { return std::round(performance.get() * 1e11) / 1e9; },
         [performance](double value) { performance.set(value / 100); }};
-    return {choice("boat.mode", "Mode", simulation::allControlModes, place(engine.mode)),
-            std::move(program),
-            number("boat.performance", "% de polaire", {.from = 70, .to = 115, .unit = "%"}, percent),
-            flag("boat.crew-steps", "Paliers d'équipage",
-                 place(engine.environment, &SailingEnvironment::crewSteps)),
-            atNextStart(setting<simulation::Position>("boat.home", "Port d'attache",
-                                                      SettingKind::position, place(engine.home)))};
+    return {
+        choice("boat.mode", "Mode", simulation::allControlModes, place(engine.mode)),
+        std::move(program),
+        number("boat.performance", "% de polaire", {.from = 70, .to = 115, .unit = "%"}, percent),
+        flag("boat.crew-steps", "Paliers d'équipage",
+             place(engine.environment, &SailingEnvironment::crewSteps)),
+        atNextStart(setting<simulation::Position>("boat.home", "Port d'attache",
+                                                  SettingKind::position, place(engine.home)))};
 }
 
 /// A bound of the custom wind; dragged, it keeps a knot away from the other one, by pushing it.
 Setting windBound(std::string name, std::string label, SettingRange range,
-                  Published<SailingEnvironment>& environment,
-                  double SailingEnvironment::*bound, double SailingEnvironment::*other,
-                  double (*pushed)(double value, double other)) {
+                  Published<SailingEnvironment>& environment, double SailingEnvironment::*bound,
+                  double SailingEnvironment::*other, double (*pushed)(double value, double other)) {
     Setting made = number(std::move(name), std::move(label), range, place(environment, bound));
     made.drag = [&environment, bound, other, pushed](const SettingValue& value) {
         SailingEnvironment changed = environment;
@@ -251,18 +251,18 @@ std::vector<Setting> manualRows(Published<ManualTargets>& targets) {
                                 double ManualTargets::*member) {
         return number(name, label, range, place(targets, member));
     };
-    return {row("manual.wind-speed", "Force du vent", {.from = 0, .to = 50, .unit = "nd"},
-                &ManualTargets::windSpeed),
-            row("manual.wind-angle", "Angle du vent", {.from = -180, .to = 180, .unit = "°"},
-                &ManualTargets::windAngle),
-            row("manual.speed", "Vitesse fond", {.from = 0, .to = 20, .step = 0.1, .unit = "nd"},
-                &ManualTargets::sog),
-            row("manual.heading", "Cap", {.from = 0, .to = 359, .unit = "°"},
-                &ManualTargets::heading),
-            row("manual.depth", "Profondeur", {.from = 1, .to = 100, .step = 0.5, .unit = "m"},
-                &ManualTargets::depth),
-            row("manual.water-temperature", "Température de l'eau",
-                {.from = 0, .to = 40, .step = 0.5, .unit = "°C"}, &ManualTargets::waterTemp)};
+    return {
+        row("manual.wind-speed", "Force du vent", {.from = 0, .to = 50, .unit = "nd"},
+            &ManualTargets::windSpeed),
+        row("manual.wind-angle", "Angle du vent", {.from = -180, .to = 180, .unit = "°"},
+            &ManualTargets::windAngle),
+        row("manual.speed", "Vitesse fond", {.from = 0, .to = 20, .step = 0.1, .unit = "nd"},
+            &ManualTargets::sog),
+        row("manual.heading", "Cap", {.from = 0, .to = 359, .unit = "°"}, &ManualTargets::heading),
+        row("manual.depth", "Profondeur", {.from = 1, .to = 100, .step = 0.5, .unit = "m"},
+            &ManualTargets::depth),
+        row("manual.water-temperature", "Température de l'eau",
+            {.from = 0, .to = 40, .step = 0.5, .unit = "°C"}, &ManualTargets::waterTemp)};
 }
 
 std::vector<Setting> anchorRows(Published<AnchorSettings>& settings) {
@@ -291,18 +291,18 @@ std::vector<Setting> anchorRows(Published<AnchorSettings>& settings) {
 }
 
 std::vector<Setting> faultRows(faults::FailureInjection& faults) {
-    return {flag("faults.stop-stream", "Couper le flux", place(faults.stopStream)),
-            flag("faults.no-gps", "Couper le GPS", place(faults.disableGPS)),
-            flag("faults.no-wind", "Couper le vent", place(faults.disableWind)),
-            flag("faults.no-ais", "Couper l'AIS", place(faults.disableAIS)),
-            flag("faults.bad-checksum", "Checksum invalide", place(faults.invalidChecksum)),
-            integer("faults.loss", "Perte de paquets",
-                    {.from = 0, .to = 100, .step = 5, .unit = "%"},
-                    place(faults.packetLossPercent)),
-            integer("faults.latency", "Latence",
-                    {.from = 0, .to = 2000, .step = 50, .unit = "ms"}, place(faults.latencyMs)),
-            flag("faults.disconnections", "Déconnexions aléatoires",
-                 place(faults.randomDisconnections))};
+    return {
+        flag("faults.stop-stream", "Couper le flux", place(faults.stopStream)),
+        flag("faults.no-gps", "Couper le GPS", place(faults.disableGPS)),
+        flag("faults.no-wind", "Couper le vent", place(faults.disableWind)),
+        flag("faults.no-ais", "Couper l'AIS", place(faults.disableAIS)),
+        flag("faults.bad-checksum", "Checksum invalide", place(faults.invalidChecksum)),
+        integer("faults.loss", "Perte de paquets", {.from = 0, .to = 100, .step = 5, .unit = "%"},
+                place(faults.packetLossPercent)),
+        integer("faults.latency", "Latence", {.from = 0, .to = 2000, .step = 50, .unit = "ms"},
+                place(faults.latencyMs)),
+        flag("faults.disconnections", "Déconnexions aléatoires",
+             place(faults.randomDisconnections))};
 }
 
 bool isFault(const Setting& setting) {
@@ -350,8 +350,9 @@ const Setting& Settings::at(std::string_view name) const {
 Refusal Settings::unknown(std::string_view name) const {
     std::vector<std::string_view> names;
     for (const Setting& each : all_) names.push_back(each.name);
-    return {std::string(name), fmt::format("« {} » n'est pas un réglage ; le plus proche est « {} ».",
-                                           name, nearestName(name, names))};
+    return {std::string(name),
+            fmt::format("« {} » n'est pas un réglage ; le plus proche est « {} ».", name,
+                        nearestName(name, names))};
 }
 
 std::optional<Refusal> Settings::windProblem(const Values& values) const {

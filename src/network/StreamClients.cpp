@@ -11,7 +11,7 @@ namespace tidewright::network {
 
 namespace {
 
-/// A burst that goes past this is flushed on its way, lest it overrun the tape by itself.
+/// A burst that goes past this is flushed on its way, or it would overrun the tape by itself.
 constexpr std::size_t burstBytes = 64 * 1024;
 
 /// After so many clients the queue serves what else waits, new clients for instance.

@@ -83,7 +83,7 @@ struct TCPServer::Core {
     const TCPServer& owner;
     platform::MainLoop& mainLoop;
     platform::Lifetime lifetime;
-    std::atomic<std::uint64_t> run = 0;  // how often stop() was called; a failure is of one run
+    std::atomic<std::uint64_t> run = 0;   // how often stop() was called; a failure is of one run
     std::atomic<std::int64_t> limit = 0;  // of clients; <= 0: none
     std::atomic<std::uint64_t> sentencesMissedByClients = 0;
     ClientReports reports{mainLoop, queue, [this] { return listClients(); },

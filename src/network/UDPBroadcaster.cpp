@@ -60,7 +60,7 @@ struct UDPBroadcaster::Core {
         if (error) return;
         socket.set_option(asio::socket_base::broadcast(true), error);
         socket.set_option(asio::socket_base::reuse_address(true), error);
-        socket.set_option(asio::ip::multicast::hops(1), error); // a group stays on this network
+        socket.set_option(asio::ip::multicast::hops(1), error);  // a group stays on this network
         socket.non_blocking(true, error);
         destination = {addressOrEveryone(broadcast), port};
     }

@@ -7,7 +7,7 @@ namespace tidewright::simulation {
 
 /// One vessel of the traffic around the boat.
 struct AISTarget {
-    std::int64_t mmsi = 0;      ///< nine digits; not unique if chance will have it so
+    std::int64_t mmsi = 0;      ///< nine digits; drawn, so two vessels may share one
     std::string name;           ///< up to 20 characters reach the air
     double latitude = 0;        ///< degrees, north positive
     double longitude = 0;       ///< degrees, east positive

@@ -18,10 +18,23 @@ constexpr double milesNearHome = 4;
 
 }  // namespace
 
+SwellPhases SwellPhases::drawn(SeededGenerator& rng) {
+    SwellPhases phases;
+    for (double SwellPhases::*each :
+         {&SwellPhases::unused, &SwellPhases::surge, &SwellPhases::slowYaw, &SwellPhases::quickYaw,
+          &SwellPhases::currentSpeed, &SwellPhases::currentDirection, &SwellPhases::slowDepth,
+          &SwellPhases::quickDepth})
+        phases.*each = rng.halfOpen(0, twoPi);
+    return phases;
+}
+
 SailingSimulation::SailingSimulation(SailingProgram program, const SailingEnvironment& environment,
                                      std::uint64_t seed)
-    : program(program), rng{seed}, wind(rng), environment(environment) {
-    for (double& each : phase) each = rng.halfOpen(0, twoPi);
+    : rng{seed},
+      program(program),
+      environment(environment),
+      wind(rng),
+      phase(SwellPhases::drawn(rng)) {
     loadLeg(0);
     wind.speedSmooth = wind.zoneSpeed;
     wind.shift = wind.zoneShift;
@@ -145,8 +158,8 @@ double SailingSimulation::crewFactor() const {
 double SailingSimulation::heading() const {
     const double w = twoPi * time;
     const double seaway = std::clamp(wind.speed / 12, 0.5, 1.5);
-    const double yaw =
-        seaway * (1.4 * std::sin(w / 6.8 + phase[2]) + 0.7 * std::sin(w / 3.3 + phase[3]));
+    const double yaw = seaway * (1.4 * std::sin(w / 6.8 + phase.slowYaw) +
+                                 0.7 * std::sin(w / 3.3 + phase.quickYaw));
     return wrap360(wind.direction - theta + yaw);
 }
 
@@ -217,9 +230,9 @@ void SailingSimulation::advanceCrew(double dt) {
 void SailingSimulation::advanceSpeed(double dt, double heading) {
     const double twa = wrap180(wind.direction - heading);
     const double surge =
-        1 + std::min(wind.speed / 12, 1.5) * 0.02 * std::sin(twoPi * time / 7.3 + phase[1]);
+        1 + std::min(wind.speed / 12, 1.5) * 0.02 * std::sin(twoPi * time / 7.3 + phase.surge);
     const double target = surge * Polar::speed(std::abs(twa), wind.speed) * crewFactor();
-    const double tau = stw < target ? 9 : 7;  // she gains way more slowly than she loses it
+    const double tau = stw < target ? 9 : 7;  // a boat gains speed more slowly than she loses it
     stw += (target - stw) * lagShare(dt, tau);
 }
 
@@ -231,8 +244,8 @@ void SailingSimulation::compose(double heading, BoatState& state, platform::Wall
 
     const double leeway = 4.5 * std::pow(std::max(cosine, 0.0), 1.5);
     const double course = radians(twa >= 0 ? heading - leeway : heading + leeway);
-    const double currentSpeed = 0.5 + 0.3 * std::sin(w / 1800 + phase[4]);
-    const double currentDirection = radians(100 + 30 * std::sin(w / 2400 + phase[5]));
+    const double currentSpeed = 0.5 + 0.3 * std::sin(w / 1800 + phase.currentSpeed);
+    const double currentDirection = radians(100 + 30 * std::sin(w / 2400 + phase.currentDirection));
     const double east = stw * std::sin(course) + currentSpeed * std::sin(currentDirection);
     const double north = stw * std::cos(course) + currentSpeed * std::cos(currentDirection);
     const double fromAhead = wind.speed * cosine + stw;
@@ -246,7 +259,8 @@ void SailingSimulation::compose(double heading, BoatState& state, platform::Wall
     state.trueWindSpeed = wind.speed;
     state.apparentWindAngle = degrees(std::atan2(fromStarboard, fromAhead));
     state.apparentWindSpeed = std::sqrt(fromAhead * fromAhead + fromStarboard * fromStarboard);
-    state.depth = 22 + 9 * std::sin(w / 900 + phase[6]) + 3.5 * std::sin(w / 330 + phase[7]);
+    state.depth =
+        22 + 9 * std::sin(w / 900 + phase.slowDepth) + 3.5 * std::sin(w / 330 + phase.quickDepth);
     state.waterTemperature = 16.5 + 0.5 * std::sin(w / 1500);
     state.gpsFix = true;
     state.satelliteCount = 11 + std::llround(2 * std::sin(w / 200));

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -21,6 +20,23 @@ struct SailingLeg {
     double shift = 0;           ///< wind direction of the zone against the base direction, degrees
 };
 
+/// Where in their swing the slow movements around the boat begin, radians, [0, 2 pi).
+struct SwellPhases {
+    double unused = 0;  ///< drawn all the same: the others must stay what they are
+    double surge = 0;
+    double slowYaw = 0;
+    double quickYaw = 0;
+    double currentSpeed = 0;
+    double currentDirection = 0;
+    double slowDepth = 0;
+    double quickDepth = 0;
+
+    bool operator==(const SwellPhases&) const = default;
+
+    /// Draws them all, in order.
+    static SwellPhases drawn(SeededGenerator& rng);
+};
+
 /// How to turn when the side changes: bow through the wind, or stern.
 enum class Maneuver { tack, gybe };
 
@@ -30,39 +46,47 @@ enum class Maneuver { tack, gybe };
 ///
 /// Sides: +1 starboard tack (the wind comes over the starboard side), -1 port tack.
 struct SailingSimulation {
-    SailingProgram program;
-    std::int64_t tackCount = 0;  ///< tacks started
-    std::int64_t gybeCount = 0;  ///< gybes started
-    double side = +1;
-    bool maneuvering = false;                     ///< a tack or gybe is under way
-    PointOfSail currentSail = PointOfSail::beat;  ///< as shown in the status line
     SeededGenerator rng;
+    SailingProgram program;
+    SailingEnvironment environment;
     WindModel wind;
-    std::array<double, 8> phase{};  ///< radians: [1] surge, [2] [3] yaw, [4] [5] current, [6] [7]
-                                    ///< depth; [0] is drawn and serves nothing
+    SwellPhases phase;
+    double time = 0;  ///< seconds sailed since construction
+
+    // The leg of the programme.
     SailingLeg leg;
     std::int64_t legIndex = 0;
-    double legElapsed = 0;          ///< seconds
-    double legSideRule = 0;         ///< see LegTemplate::sideRule
-    bool legNeedsSideCheck = true;  ///< the next step applies the side rule
-    double theta = 43;        ///< angle off the wind, degrees: heading = wind direction - theta;
-                              ///< [0, 360) but for manoeuvres, where it may leave that range
-    double thetaTarget = 43;  ///< what the helm steers theta to
-    double maneuverSide = +1;
-    bool maneuverIsTack = true;
-    std::optional<double> pendingSide;  ///< asked for during a manoeuvre
-    SailingEnvironment environment;
-    double stepTarget = 0.94;           ///< share of the polar that the crew works towards
-    double stepSmooth = 0.94;           ///< as reached so far
-    double performanceElapsed = 0;      ///< seconds into the crew's current step
-    double performanceLength = 0;       ///< seconds
+    double legElapsed = 0;                        ///< seconds
+    double legSideRule = 0;                       ///< see LegTemplate::sideRule
+    bool legNeedsSideCheck = true;                ///< the next step applies the side rule
+    PointOfSail currentSail = PointOfSail::beat;  ///< as shown in the status line
+
+    // The board: a piece of an upwind or downwind leg, on one side.
+    std::optional<Position> home;       ///< boards lead back to it
     double boardElapsed = 0;            ///< seconds
     std::optional<double> boardLength;  ///< seconds; absent on legs without boards
-    double stw = 6;                     ///< knots
-    double time = 0;                    ///< seconds sailed since construction
+
+    // The helm.
+    double side = +1;
+    double theta = 43;         ///< angle off the wind, degrees: heading = wind direction - theta;
+                               ///< [0, 360) but for manoeuvres, where it may leave that range
+    double thetaTarget = 43;   ///< what the helm steers theta to
     bool needsResync = false;  ///< the next step takes the helm over from the boat as it lies
 
-    std::optional<Position> home;  ///< boards lead back to it
+    // The manoeuvre.
+    bool maneuvering = false;  ///< a tack or gybe is under way
+    double maneuverSide = +1;
+    bool maneuverIsTack = true;
+    std::optional<double> pendingSide;  ///< asked for meanwhile
+    std::int64_t tackCount = 0;         ///< tacks started
+    std::int64_t gybeCount = 0;         ///< gybes started
+
+    // The crew, and what they get out of the boat.
+    double stepTarget = 0.94;       ///< share of the polar that the crew works towards
+    double stepSmooth = 0.94;       ///< as reached so far
+    double performanceElapsed = 0;  ///< seconds into the crew's current step
+    double performanceLength = 0;   ///< seconds
+    double stw = 6;                 ///< knots
 
     /// Draws the wind's phases, its own, leg 0 and the length of the first crew step, in that
     /// order.

@@ -185,8 +185,7 @@ void ConsoleModel::append() {
     std::uint64_t position = std::max(lastPosition_ + 1, oldest);
     for (; position <= simulator_.consoleAppendedCount(); ++position) {
         const gateway::ConsoleLine& line = lines[position - oldest];
-        if (line.missedBefore > 0)
-            appendLine(position, missedNote(line.missedBefore, line.time));
+        if (line.missedBefore > 0) appendLine(position, missedNote(line.missedBefore, line.time));
         if (filter_.passes(line)) appendLine(position, line);
     }
     lastPosition_ = simulator_.consoleAppendedCount();

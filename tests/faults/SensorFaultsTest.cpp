@@ -2,14 +2,26 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/VirtualMainLoop.h"
+#include "support/ScriptedRandom.h"
+
 namespace tidewright::faults {
 namespace {
+using namespace std::chrono_literals;
 
-TEST(SensorFaultsTest, reportTheTruthWithoutAFault) {
-    const FailureInjection faults;
-    SensorFaults sensors(faults);
-    const auto truth = simulation::BoatState::starting({});
-    EXPECT_EQ(sensors.reported(truth), truth);
+struct SensorFaultsTest : testing::Test {
+    platform::VirtualMainLoop loop;
+    ScriptedRandom random;
+    simulation::BoatSimulationEngine engine{loop, random};
+    const SensorFaults sensors{engine};
+};
+
+TEST_F(SensorFaultsTest, reportTheTruthWithoutAFault) {
+    engine.start(0);
+    for (int second = 0; second < 10; ++second) {
+        loop.advance(1s);
+        EXPECT_EQ(sensors.reported(), engine.state);
+    }
 }
 
 }  // namespace

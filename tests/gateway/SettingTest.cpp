@@ -55,7 +55,8 @@ TEST(SettingTest, readsFlagsByTheirTwoWords) {
     const Setting setting = ofKind(SettingKind::flag);
     EXPECT_EQ(setting.parse("true"), SettingValue(true));
     EXPECT_EQ(setting.parse("false"), SettingValue(false));
-    for (const char* text : {"1", "0", "True", "oui", ""}) EXPECT_FALSE(setting.parse(text)) << text;
+    for (const char* text : {"1", "0", "True", "oui", ""})
+        EXPECT_FALSE(setting.parse(text)) << text;
 }
 
 TEST(SettingTest, readsItsChoicesAndNoOther) {

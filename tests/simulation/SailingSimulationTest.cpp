@@ -104,7 +104,7 @@ TEST_F(SailingSimulationTest, drawsWindThenPhasesThenLegThenCrewStep) {
     SeededGenerator rng{1};
     const WindModel wind(rng);
     EXPECT_EQ(boat.wind.p, wind.p);
-    for (const double phase : boat.phase) EXPECT_EQ(phase, rng.halfOpen(0, 2 * std::numbers::pi));
+    EXPECT_EQ(boat.phase, SwellPhases::drawn(rng));
     const double jitter = rng.closed(-0.08, 0.08);
     EXPECT_EQ(boat.leg.windFraction, 2.0 / 6 + jitter);
     EXPECT_EQ(boat.leg.duration, 600 * rng.closed(0.9, 1.1));
@@ -189,7 +189,7 @@ TEST_F(SailingSimulationTest, feelsTheApparentWindFurtherAhead) {
 }
 
 TEST_F(SailingSimulationTest, yawsInTheSeawayOfTheWind) {
-    boat.phase = {0, 0, std::numbers::pi / 2, std::numbers::pi / 2, 0, 0, 0, 0};
+    boat.phase = {.slowYaw = std::numbers::pi / 2, .quickYaw = std::numbers::pi / 2};
     for (const auto& [wind, seaway] : {std::pair{12.0, 1.0}, {3.0, 0.5}, {40.0, 1.5}}) {
         hold(PointOfSail::beamReach, wind);
         boat.prime(state, now);
@@ -601,8 +601,8 @@ TEST_F(SailingSimulationTest, surgesInTheSeawayOfTheWind) {
         SailingSimulation crest = boat;
         SailingSimulation trough = boat;
         crest.stw = trough.stw = 0;
-        crest.phase = {0, std::numbers::pi / 2};
-        trough.phase = {0, -std::numbers::pi / 2};
+        crest.phase = {.surge = std::numbers::pi / 2};
+        trough.phase = {.surge = -std::numbers::pi / 2};
         crest.step(0.001, state, now);
         trough.step(0.001, state, now);
         EXPECT_NEAR(crest.stw / trough.stw, (1 + surge) / (1 - surge), 1e-4);

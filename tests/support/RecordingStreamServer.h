@@ -17,7 +17,7 @@ public:
     std::optional<StartFailure> startFailure;  ///< the answer of the next starts
     std::vector<std::uint16_t> startedPorts;   ///< one for every start(), failed ones included
     int stops = 0;                             ///< calls of stop() by the owner
-    std::int64_t limit = 0;              ///< as last told by limitClients()
+    std::int64_t limit = 0;                    ///< as last told by limitClients()
     int dropAllClientsCalls = 0;
     std::vector<std::uint64_t> dropped;  ///< one for every drop(), in order
     int askForTrafficCalls = 0;

@@ -39,10 +39,10 @@ public:
     }
     /// Writes a setting as a script does.
     Q_INVOKABLE void set(const QString& name, const QVariant& value) {
-        platform::check(assembly.settings
-                            .writeTexts({{name.toStdString(), value.toString().toStdString()}})
-                            .empty(),
-                        "a test must write what fits");
+        platform::check(
+            assembly.settings.writeTexts({{name.toStdString(), value.toString().toStdString()}})
+                .empty(),
+            "a test must write what fits");
     }
     Q_INVOKABLE void advance(int milliseconds) {
         loop.advance(std::chrono::milliseconds(milliseconds));

@@ -42,10 +42,11 @@ std::string optionsTable() {
     std::string table = "| option | effect | default |\n|---|---|---|\n";
     for (const Option& each : allOptions()) {
         std::string words;
-        for (const std::string& word : each.words) words += (words.empty() ? ": " : ", ") + code(word);
-        table += fmt::format("| `{}{}{}` | {}{} | {} |\n", each.name, takesValue(each) ? " " : "",
-                             each.valueName.english, each.effect.english, words,
-                             code(each.otherwise));
+        for (const std::string& word : each.words)
+            words += (words.empty() ? ": " : ", ") + code(word);
+        table +=
+            fmt::format("| `{}{}{}` | {}{} | {} |\n", each.name, takesValue(each) ? " " : "",
+                        each.valueName.english, each.effect.english, words, code(each.otherwise));
     }
     return table;
 }
@@ -59,9 +60,10 @@ std::string settingsTable() {
     for (const gateway::Setting& each : fresh.settings.all()) {
         if (each.group != group) {
             group = each.group;
-            table += fmt::format("{}**{}**\n\n| name | kind | default | range or choices | acts | label |\n"
-                                 "|---|---|---|---|---|---|\n",
-                                 table.empty() ? "" : "\n", group);
+            table += fmt::format(
+                "{}**{}**\n\n| name | kind | default | range or choices | acts | label |\n"
+                "|---|---|---|---|---|---|\n",
+                table.empty() ? "" : "\n", group);
         }
         table += fmt::format("| `{}` | {} | {} | {} | {} | {} |\n", each.name, rawValue(each.kind),
                              code(gateway::textOf(each.initial)), each.rangeText(),
@@ -106,8 +108,8 @@ std::string bash() {
         if (each.words.empty())
             free += fmt::format("{}{}", free.empty() ? "" : " | ", each.name);
         else
-            cases += fmt::format("        {}) words=\"{}\" ;;\n", each.name,
-                                 fmt::join(each.words, " "));
+            cases +=
+                fmt::format("        {}) words=\"{}\" ;;\n", each.name, fmt::join(each.words, " "));
     }
     return fmt::format(R"(# bash completion for tidewright
 
