@@ -12,6 +12,7 @@ struct FailureInjection : platform::Observable {
     platform::Published<bool> disableGPS{*this, false};       ///< no RMC, GGA, VTG
     platform::Published<bool> disableWind{*this, false};      ///< no MWV
     platform::Published<bool> disableAIS{*this, false};       ///< no AIS
+    platform::Published<bool> frozenPosition{*this, false};   ///< position, SOG and COG stand still
     platform::Published<bool> invalidChecksum{*this, false};  ///< every checksum is wrong
 
     /// Delay of each sentence; 0 and below: none.

@@ -296,6 +296,7 @@ std::vector<Setting> faultRows(faults::FailureInjection& faults) {
         flag("faults.no-gps", "Couper le GPS", place(faults.disableGPS)),
         flag("faults.no-wind", "Couper le vent", place(faults.disableWind)),
         flag("faults.no-ais", "Couper l'AIS", place(faults.disableAIS)),
+        flag("faults.frozen-position", "Figer la position", place(faults.frozenPosition)),
         flag("faults.bad-checksum", "Checksum invalide", place(faults.invalidChecksum)),
         integer("faults.loss", "Perte de paquets", {.from = 0, .to = 100, .step = 5, .unit = "%"},
                 place(faults.packetLossPercent)),
