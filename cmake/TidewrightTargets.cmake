@@ -7,6 +7,10 @@ target_compile_features(tidewright_compile_options INTERFACE cxx_std_20)
 # No fused multiply-add: the simulation gives the same digits on every machine.
 target_compile_options(tidewright_compile_options INTERFACE
     -ffp-contract=off -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4) # so that time goes on after 2038 there too
+    target_compile_definitions(tidewright_compile_options INTERFACE
+        $<$<PLATFORM_ID:Linux>:_FILE_OFFSET_BITS=64;_TIME_BITS=64>)
+endif()
 # A release runs for weeks on a network with strangers: make their work hard.
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)

@@ -27,7 +27,9 @@ public:
     Number end() const { return begin_ + sentences_.size(); }
 
     /// A sentence still there: `number` within [begin(), end()).
-    const SharedBytes& at(Number number) const { return sentences_[number - begin_]; }
+    const SharedBytes& at(Number number) const {
+        return sentences_[static_cast<std::size_t>(number - begin_)];
+    }
 
     void append(SharedBytes sentence);
 

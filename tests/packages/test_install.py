@@ -159,7 +159,8 @@ def check_window(debian, picture):
 
 
 def check(packages, picture, folder):
-    headless, window = (next(packages.glob(f"{name}_*.deb"))
+    machine = output("dpkg", "--print-architecture").strip()
+    headless, window = (next(packages.glob(f"{name}_*_{machine}.deb"))
                         for name in ("tidewright", "tidewright-window"))
     debian = FreshDebian(folder / "root")
     before, bare = debian.packages(), debian.files()

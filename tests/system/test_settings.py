@@ -5,14 +5,14 @@ import re
 import subprocess
 import unittest
 
-from program import PROGRAM, Program, free_port, main
+from program import EMULATOR, PROGRAM, Program, free_port, main
 
 PAGE = pathlib.Path(__file__).parents[2] / "docs" / "settings.md"
 
 
 def run(*arguments):
-    return subprocess.run([PROGRAM, *arguments], capture_output=True, text=True, timeout=20,
-                          check=False)
+    return subprocess.run([*EMULATOR, PROGRAM, *arguments], capture_output=True, text=True,
+                          timeout=20, check=False)
 
 
 class Setting:
