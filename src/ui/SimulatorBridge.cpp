@@ -55,6 +55,7 @@ void SimulatorBridge::setConsolePaused(bool value) {
     missedBefore_ = simulator_.consoleMissedCount();
     simulator_.consolePaused = value;
     update();
+    updateConsole();  // what came before the pause shows at once, not during it
 }
 
 void SimulatorBridge::start() {

@@ -49,7 +49,7 @@ TEST(WorkQueueTest, waitsUntilWhatItStartedSaysThatItIsDone) {
     EXPECT_EQ(waiting.wait_for(10s), std::future_status::ready);
 }
 
-TEST(WorkQueueTest, refusesToWaitForItself) {
+TEST(WorkQueueDeathTest, refusesToWaitForItself) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     EXPECT_DEATH(
         {

@@ -53,7 +53,7 @@ TEST(SeededGeneratorTest, drawsAgainWhereABoundWouldFavourSomeNumbers) {
 TEST(SeededGeneratorTest, drawsEveryWholeNumberBelowTheBoundAboutAsOften) {
     SeededGenerator rng{3};
     std::array<int, 3> drawn{};
-    for (int i = 0; i < 30000; ++i) ++drawn.at(rng.bounded(3));
+    for (int i = 0; i < 30000; ++i) ++drawn.at(static_cast<std::size_t>(rng.bounded(3)));
     for (const int count : drawn) EXPECT_NEAR(count, 10000, 600);
 }
 
