@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "app/StandardError.h"
 #include "platform/AsioMainLoop.h"
+#include "platform/StandardError.h"
 #include "platform/SystemRandom.h"
 
 namespace tidewright::app {
@@ -70,7 +70,7 @@ int HeadlessRunner::run(const Arguments& arguments) {
     platform::AsioMainLoop loop;
     int exitStatus = 0;
     const HeadlessRunner runner(arguments, gateway::Host::machine(loop, random, {}),
-                                {.write = writeStandardError, .fail = [&](int status) {
+                                {.write = platform::writeStandardError, .fail = [&](int status) {
                                      exitStatus = status;
                                      loop.stop();
                                  }});

@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "app/ExecutablePath.h"
-#include "app/StandardError.h"
+#include "platform/StandardError.h"
 
 namespace tidewright::app {
 
@@ -30,7 +30,7 @@ void becomeWindow(const Arguments& arguments) {
         execute(here / windowProgram, arguments);
         execute(here / TIDEWRIGHT_LIBEXEC_FROM_BIN / windowProgram, arguments);
     }
-    writeStandardError(
+    platform::writeStandardError(
         "La fenêtre de contrôle n'est pas installée. Pour émettre sans fenêtre : tidewright "
         "--headless\n");
 }

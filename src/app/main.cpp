@@ -6,9 +6,9 @@
 #include "app/HeadlessRunner.h"
 #include "app/Help.h"
 #include "app/SettingsList.h"
-#include "app/StandardError.h"
-#include "app/UncaughtException.h"
 #include "app/WindowLauncher.h"
+#include "platform/StandardError.h"
+#include "platform/UncaughtException.h"
 
 using namespace tidewright::app;
 
@@ -23,10 +23,10 @@ int print(const std::string& text) {
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);  // standard error may be a pipe that nobody reads any more
-    endWhenResourcesRunOut();
+    tidewright::platform::endWhenResourcesRunOut();
     const Arguments arguments(argv, argv + argc);
     if (const auto problem = CommandLine::problem(arguments)) {
-        writeStandardError("ERREUR : " + *problem + "\n");
+        tidewright::platform::writeStandardError("ERREUR : " + *problem + "\n");
         return 2;
     }
     if (CommandLine::contains("--settings", arguments)) return print(settingsList());

@@ -7,6 +7,7 @@
 
 #include "gateway/Assembly.h"
 #include "platform/SystemRandom.h"
+#include "platform/UncaughtException.h"
 #include "ui/ControlWindow.h"
 #include "ui/Fonts.h"
 #include "ui/OpenDisplay.h"
@@ -40,6 +41,7 @@ void setClipboard(const std::string& text) {
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);  // a reader that went away is not a reason to stop
+    platform::endWhenResourcesRunOut();
     QGuiApplication::setApplicationName(QStringLiteral("Tidewright"));
     QGuiApplication::setApplicationVersion(QStringLiteral(TIDEWRIGHT_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("org.tidewright.Tidewright"));

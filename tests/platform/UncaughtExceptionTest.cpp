@@ -1,4 +1,4 @@
-#include "app/UncaughtException.h"
+#include "platform/UncaughtException.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <system_error>
 #include <thread>
 
-namespace tidewright::app {
+namespace tidewright::platform {
 namespace {
 
 using testing::ExitedWithCode;
@@ -52,4 +52,4 @@ TEST_F(UncaughtExceptionDeathTest, abortsOnAMistakeOfTheProgram) {
 }
 
 }  // namespace
-}  // namespace tidewright::app
+}  // namespace tidewright::platform

@@ -1,4 +1,4 @@
-#include "app/UncaughtException.h"
+#include "platform/UncaughtException.h"
 
 #include <unistd.h>
 
@@ -9,9 +9,9 @@
 #include <string_view>
 #include <system_error>
 
-#include "app/StandardError.h"
+#include "platform/StandardError.h"
 
-namespace tidewright::app {
+namespace tidewright::platform {
 
 namespace {
 
@@ -59,4 +59,4 @@ void endWhenResourcesRunOut() {
     handlerBefore = std::set_terminate(endOrAbort);
 }
 
-}  // namespace tidewright::app
+}  // namespace tidewright::platform

@@ -1,10 +1,10 @@
-#include "app/StandardError.h"
+#include "platform/StandardError.h"
 
 #include <unistd.h>
 
 #include <cerrno>
 
-namespace tidewright::app {
+namespace tidewright::platform {
 
 void writeStandardError(std::string_view text) {
     while (!text.empty()) {
@@ -15,4 +15,4 @@ void writeStandardError(std::string_view text) {
     }
 }
 
-}  // namespace tidewright::app
+}  // namespace tidewright::platform

@@ -2,10 +2,10 @@
 
 #include <string_view>
 
-namespace tidewright::app {
+namespace tidewright::platform {
 
 /// Writes `text` to standard error as it stands, in one write where the system takes it whole.
 /// Failures are silent: there is nowhere left to tell.
 void writeStandardError(std::string_view text);
 
-}  // namespace tidewright::app
+}  // namespace tidewright::platform
