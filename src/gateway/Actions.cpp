@@ -17,7 +17,7 @@ Reason never() {
     return std::nullopt;
 }
 
-Action action(std::string name, std::string label, std::function<Reason()> obstacle,
+Action action(std::string name, std::string label, const std::function<Reason()>& obstacle,
               std::function<void()> work) {
     return {.name = std::move(name),
             .label = std::move(label),
