@@ -19,7 +19,6 @@ using simulation::AnchorSettings;
 using simulation::BoatSimulationEngine;
 using simulation::ManualTargets;
 using simulation::SailingEnvironment;
-using simulation::WindPreset;
 
 /// Where a value lives: a published property, or a member of a published struct.
 template <typename Value>
@@ -46,9 +45,10 @@ Place<Value> place(Published<Struct>& property, Value Struct::*member) {
 
 /// A setting that holds a `Held`, on a place that holds something that converts to it and back.
 template <typename Held, typename Value>
-Setting setting(std::string name, std::string label, SettingKind kind, Place<Value> place) {
-    return {.name = std::move(name),
-            .label = std::move(label),
+Setting setting(std::string_view name, std::string_view label, SettingKind kind,
+                Place<Value> place) {
+    return {.name = std::string(name),
+            .label = std::string(label),
             .kind = kind,
             .read = [place] { return SettingValue(static_cast<Held>(place.get())); },
             .write =
@@ -57,21 +57,21 @@ Setting setting(std::string name, std::string label, SettingKind kind, Place<Val
                 }};
 }
 
-Setting flag(std::string name, std::string label, Place<bool> place) {
-    return setting<bool>(std::move(name), std::move(label), SettingKind::flag, std::move(place));
+Setting flag(std::string_view name, std::string_view label, Place<bool> place) {
+    return setting<bool>(name, label, SettingKind::flag, std::move(place));
 }
 
 template <typename Value>
-Setting integer(std::string name, std::string label, SettingRange range, Place<Value> place) {
-    Setting made = setting<std::int64_t>(std::move(name), std::move(label), SettingKind::integer,
-                                         std::move(place));
+Setting integer(std::string_view name, std::string_view label, SettingRange range,
+                Place<Value> place) {
+    Setting made = setting<std::int64_t>(name, label, SettingKind::integer, std::move(place));
     made.range = range;
     return made;
 }
 
-Setting number(std::string name, std::string label, SettingRange range, Place<double> place) {
-    Setting made =
-        setting<double>(std::move(name), std::move(label), SettingKind::number, std::move(place));
+Setting number(std::string_view name, std::string_view label, SettingRange range,
+               Place<double> place) {
+    Setting made = setting<double>(name, label, SettingKind::number, std::move(place));
     made.range = range;
     return made;
 }
@@ -79,12 +79,13 @@ Setting number(std::string name, std::string label, SettingRange range, Place<do
 /// A choice among the values of an enumeration, which says by rawValue() and label() what scripts
 /// and people call them.
 template <typename All, typename Enumeration>
-Setting choice(std::string name, std::string label, const All& all, Place<Enumeration> place) {
+Setting choice(std::string_view name, std::string_view label, const All& all,
+               Place<Enumeration> place) {
     std::vector<SettingChoice> choices;
     for (const Enumeration each : all)
         choices.push_back({std::string(rawValue(each)), std::string(simulation::label(each))});
-    return {.name = std::move(name),
-            .label = std::move(label),
+    return {.name = std::string(name),
+            .label = std::string(label),
             .kind = SettingKind::choice,
             .read = [place] { return SettingValue(std::string(rawValue(place.get()))); },
             .write =
@@ -126,8 +127,8 @@ Setting presetChoice(SimulationConfig& config) {
             .choices = std::move(choices)};
 }
 
-Setting output(std::string name, std::string label, Place<bool> place) {
-    Setting made = atNextStart(flag(std::move(name), std::move(label), std::move(place)));
+Setting output(std::string_view name, std::string_view label, Place<bool> place) {
+    Setting made = atNextStart(flag(name, label, std::move(place)));
     made.isFreeWhileRunning = true;
     return made;
 }
@@ -182,9 +183,9 @@ std::vector<Setting> sensorRows(SimulationConfig& config) {
 std::vector<Setting> rateRows(SimulationConfig& config) {
     std::vector<Setting> rows;
     for (const SentenceFamily& each : sentenceFamilies)
-        rows.push_back(atNextStart(
-            number(fmt::format("rates.{}", each.row), std::string(each.label),
-                   {.from = 0, .to = 20, .step = 0.1, .unit = "Hz"}, place(config.*each.hertz))));
+        rows.push_back(atNextStart(number(fmt::format("rates.{}", each.row), each.label,
+                                          {.from = 0, .to = 20, .step = 0.1, .unit = "Hz"},
+                                          place(config.*each.hertz))));
     return rows;
 }
 
@@ -221,10 +222,10 @@ std::vector<Setting> boatRows(BoatSimulationEngine& engine) {
 }
 
 /// A bound of the custom wind; dragged, it keeps a knot away from the other one, by pushing it.
-Setting windBound(std::string name, std::string label, SettingRange range,
+Setting windBound(std::string_view name, std::string_view label, SettingRange range,
                   Published<SailingEnvironment>& environment, double SailingEnvironment::*bound,
                   double SailingEnvironment::*other, double (*pushed)(double value, double other)) {
-    Setting made = number(std::move(name), std::move(label), range, place(environment, bound));
+    Setting made = number(name, label, range, place(environment, bound));
     made.drag = [&environment, bound, other, pushed](const SettingValue& value) {
         SailingEnvironment changed = environment;
         changed.*bound = std::get<double>(value);
@@ -329,9 +330,9 @@ Settings::Settings(SimulationConfig& config, faults::FailureInjection& faults,
     engineChanges_ = engine.observe([this] { notify(); });
 }
 
-void Settings::add(std::string group, Rows rows) {
+void Settings::add(std::string_view group, Rows rows) {
     for (Setting& row : rows) {
-        row.group = group;
+        row.group = std::string(group);
         row.initial = row.read();
         all_.push_back(std::move(row));
     }

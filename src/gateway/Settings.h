@@ -63,7 +63,7 @@ public:
 private:
     using Rows = std::vector<Setting>;
 
-    void add(std::string group, Rows rows);
+    void add(std::string_view group, Rows rows);
     Refusal unknown(std::string_view name) const;
     std::optional<Refusal> windProblem(const Values& values) const;
 

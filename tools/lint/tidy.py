@@ -48,11 +48,14 @@ def fingerprint(path, command, common):
     return digest.hexdigest()
 
 
-def tidy(build, path):
+def tidy(build, path, stamp):
+    """Whether nothing was found, which is kept at once."""
     done = subprocess.run(["clang-tidy", "-p", build, "--quiet", path], stdout=subprocess.PIPE,
                           stderr=subprocess.DEVNULL, check=False)
     sys.stdout.buffer.write(done.stdout)
     sys.stdout.flush()
+    if done.returncode == 0:
+        stamp.touch()
     return done.returncode == 0
 
 
@@ -71,11 +74,8 @@ def main(build, *names):
     print(f"{len(stamps)} files, {len(stamps) - len(unread)} of them as they were when nothing was found",
           flush=True)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        results = dict(zip(unread, pool.map(lambda path: tidy(build, path), unread)))
-    for path, is_clean in results.items():
-        if is_clean:
-            stamps[path].touch()
-    sys.exit(not all(results.values()))
+        results = list(pool.map(lambda path: tidy(build, path, stamps[path]), unread))
+    sys.exit(not all(results))
 
 
 main(*sys.argv[1:])
