@@ -35,7 +35,7 @@ def check_stream():
 
 
 def check_files():
-    for each in ("usr/share/man/man1/tidewright.1.gz", "lib/systemd/system/tidewright.service",
+    for each in ("usr/share/man/man1/tidewright.1.gz", "usr/lib/systemd/system/tidewright.service",
                  "etc/default/tidewright", "usr/share/bash-completion/completions/tidewright"):
         assert (root / each).is_file(), each
 
