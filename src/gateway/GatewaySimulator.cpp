@@ -43,7 +43,8 @@ void GatewaySimulator::start() {
     schedule_ = EmissionSchedule(config_);
     outputs_ = {.tcp = config_.tcpEnabled,
                 .udp = config_.udpEnabled,
-                .udpFollows = config_.udpDestination == udpFollowsNetwork};
+                .udpFollows = config_.udpDestination == udpFollowsNetwork,
+                .udpPort = config_.udpPort};
     startTimers();
     isRunning = true;
     log("SYS", "Simulation démarrée — " + summaryLine());
@@ -165,7 +166,10 @@ bool GatewaySimulator::startTransports() {
 }
 
 std::string GatewaySimulator::udpDestination() const {
-    if (!broadcastsUdp()) return config_.udpDestination;
+    return broadcastsUdp() ? broadcastAddress() : config_.udpDestination.get();
+}
+
+std::string GatewaySimulator::broadcastAddress() const {
     return interface.get() ? interface->value().broadcast : "255.255.255.255";
 }
 
@@ -177,8 +181,8 @@ void GatewaySimulator::followNetwork() {
     auto found = host_.bestInterface();
     if (found == interface) return;
     interface = std::move(found);
-    host_.udp->start(udpDestination(), config_.udpPort);
-    log("SYS", "UDP vers " + udpDestination());
+    host_.udp->start(broadcastAddress(), outputs_.udpPort);
+    log("SYS", "UDP vers " + broadcastAddress());
 }
 
 bool GatewaySimulator::startEngine() {

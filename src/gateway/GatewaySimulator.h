@@ -86,8 +86,7 @@ public:
     /// Makes the AIS vessels anew, as many as the settings say; lastError where memory lacks.
     void regenerateAIS();
 
-    /// The IPv4 address to which datagrams are sent in this run, or would be in the next; dotted
-    /// decimal.
+    /// The IPv4 address to which datagrams would go if it started now; dotted decimal.
     std::string udpDestination() const;
 
     /// Whether that is the broadcast address of a network, found by itself.
@@ -125,6 +124,7 @@ private:
         bool tcp = false;
         bool udp = false;
         bool udpFollows = false;  ///< the network that the machine is on
+        std::uint16_t udpPort = 0;
     };
 
     void listClients(const std::vector<network::ConnectedClient>& connected);
@@ -136,6 +136,7 @@ private:
     void startTimers();
     std::int64_t wantedTargets() const;
     std::string summaryLine() const;
+    std::string broadcastAddress() const;
     void followNetwork();
     void emit(const SentenceFamily& family);
     void extendTrack();

@@ -307,6 +307,11 @@ std::vector<Setting> faultRows(faults::FailureInjection& faults) {
              place(faults.randomDisconnections))};
 }
 
+Refusal refused(const Setting& setting, std::string_view text) {
+    return {setting.name, fmt::format("« {} » : « {} » est refusé ; il faut {}.", setting.name,
+                                      text, setting.allowed())};
+}
+
 bool isFault(const Setting& setting) {
     return setting.name.starts_with("faults.");
 }
@@ -379,8 +384,7 @@ std::vector<Refusal> Settings::write(const Values& values) {
         if (!setting)
             refusals.push_back(unknown(name));
         else if (!setting->fits(value))
-            refusals.push_back({name, fmt::format("« {} » : « {} » est refusé ; il faut {}.", name,
-                                                  textOf(value), setting->allowed())});
+            refusals.push_back(refused(*setting, textOf(value)));
     }
     if (refusals.empty())
         if (auto problem = windProblem(values)) refusals.push_back(std::move(*problem));
@@ -401,8 +405,7 @@ std::vector<Refusal> Settings::writeTexts(const Texts& texts) {
         else if (auto value = setting->parse(text))
             values.emplace_back(name, std::move(*value));
         else
-            refusals.push_back({name, fmt::format("« {} » : « {} » est refusé ; il faut {}.", name,
-                                                  text, setting->allowed())});
+            refusals.push_back(refused(*setting, text));
     }
     return refusals.empty() ? write(values) : refusals;
 }

@@ -202,6 +202,17 @@ TEST_F(GatewaySimulatorTest, followsTheMachineToItsNewNetworkWithinASecond) {
     EXPECT_EQ(host.udp->starts.size(), 3U);
 }
 
+TEST_F(GatewaySimulatorTest, followsAsItStartedWhateverIsChosenForTheNextStart) {
+    config.udpDestination = std::string(udpFollowsNetwork);
+    gateway.start();
+    config.udpDestination = "239.1.2.3";
+    config.udpPort = 3000;
+    host.interface = network::LocalInterface{"wlan0", "Wi-Fi", "10.0.5.9", "10.0.255.255"};
+    loop.advance(1s);
+    EXPECT_EQ(host.udp->starts.back(),
+              (network::RecordingDatagramSender::Destination{"10.0.255.255", 2000}));
+}
+
 TEST_F(GatewaySimulatorTest, takesANewDestinationUpAtTheNextStart) {
     gateway.start();
     config.udpDestination = std::string(udpFollowsNetwork);
