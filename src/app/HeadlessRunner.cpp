@@ -69,7 +69,7 @@ int HeadlessRunner::run(const Arguments& arguments) {
     platform::SystemRandom random;
     platform::AsioMainLoop loop;
     int exitStatus = 0;
-    const HeadlessRunner runner(arguments, gateway::Host::machine(loop, random, {}),
+    const HeadlessRunner runner(arguments, gateway::Host::machine(loop, loop, random, {}),
                                 {.write = platform::writeStandardError, .fail = [&](int status) {
                                      exitStatus = status;
                                      loop.stop();

@@ -38,7 +38,7 @@ std::size_t width(const std::string& text) {
 std::string settingsList() {
     platform::VirtualMainLoop loop;
     platform::SystemRandom random;
-    const gateway::Assembly fresh(gateway::Host::machine(loop, random, {}));
+    const gateway::Assembly fresh(gateway::Host::machine(loop, loop, random, {}));
     std::vector<Row> rows;
     std::array<std::size_t, 6> widths{};
     for (const gateway::Setting& each : fresh.settings.all()) {

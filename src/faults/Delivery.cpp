@@ -9,7 +9,10 @@ namespace tidewright::faults {
 
 Delivery::Delivery(platform::MainLoop& loop, platform::RandomSource& random,
                    const FailureInjection& faults, Send send)
-    : loop_(loop), random_(random), faults_(faults), send_(std::move(send)) {}
+    : loop_(loop),
+      lossDraws_(random.stream("faults.loss")),
+      faults_(faults),
+      send_(std::move(send)) {}
 
 void Delivery::deliver(std::vector<std::string> sentences) {
     for (std::string& each : sentences) {
@@ -23,7 +26,7 @@ void Delivery::deliver(std::vector<std::string> sentences) {
 
 bool Delivery::isLost() {
     if (faults_.packetLossPercent < 1) return false;
-    return random_.below(100) < faults_.packetLossPercent;
+    return lossDraws_.below(100) < faults_.packetLossPercent;
 }
 
 void Delivery::sendLater(std::string sentence) {

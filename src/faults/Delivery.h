@@ -29,7 +29,7 @@ private:
     void sendLater(std::string sentence);
 
     platform::MainLoop& loop_;
-    platform::RandomSource& random_;
+    platform::RandomSource& lossDraws_;
     const FailureInjection& faults_;
     Send send_;
     platform::Lifetime lifetime_;

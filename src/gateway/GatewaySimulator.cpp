@@ -21,7 +21,7 @@ GatewaySimulator::GatewaySimulator(simulation::BoatSimulationEngine& engine,
       config_(config),
       faults_(faults),
       host_(std::move(host)),
-      console_(host_.random, host_.utcOffset),
+      console_(host_.random.stream("console"), host_.utcOffset),
       sensorFaults_(faults, engine),
       sentenceFaults_(faults),
       delivery_(host_.loop, host_.random, faults,
@@ -39,7 +39,7 @@ void GatewaySimulator::start() {
     if (isRunning) return;
     lastError = std::nullopt;
     interface = host_.bestInterface();
-    if (!startTransports() || !startEngine()) return;
+    if (!startTransports() || (!host_.replays && !startEngine())) return;
     schedule_ = EmissionSchedule(config_);
     outputs_ = {.tcp = config_.tcpEnabled,
                 .udp = config_.udpEnabled,
@@ -67,8 +67,8 @@ void GatewaySimulator::stop() {
 }
 
 bool GatewaySimulator::isSilent() const {
-    const bool anyOutput =
-        (outputs_.tcp && config_.tcpEnabled) || (outputs_.udp && config_.udpEnabled);
+    const bool anyOutput = (outputs_.tcp && config_.tcpEnabled) ||
+                           (outputs_.udp && config_.udpEnabled) || host_.record;
     return isRunning && (faults_.stopStream || faults_.packetLossPercent >= 100 || !anyOutput ||
                          schedule_.entries().empty());
 }
@@ -151,18 +151,32 @@ void GatewaySimulator::tcpListenFailed() {
 }
 
 bool GatewaySimulator::startTransports() {
-    if (!config_.tcpEnabled && !config_.udpEnabled) {
+    if (!config_.tcpEnabled && !config_.udpEnabled && !host_.record) {
         lastError = "Activez au moins une sortie (TCP ou UDP).";
         return false;
     }
     if (config_.tcpEnabled) {
-        if (const auto failure = host_.tcp->start(config_.tcpPort)) {
-            lastError = fmt::format("TCP {} : {}", config_.tcpPort.get(), failure->description);
+        if (auto failure = startTcp()) {
+            lastError = std::move(failure);
             return false;
         }
     }
     if (config_.udpEnabled) host_.udp->start(udpDestination(), config_.udpPort);
     return true;
+}
+
+/// Why it could not start, in French; nothing where it did.
+std::optional<std::string> GatewaySimulator::startTcp() {
+    if (host_.picksTcpPort && !hasPickedTcpPort_) {
+        const auto port = host_.tcp->startOnFreePort();
+        if (!port) return "TCP : aucun port libre.";
+        hasPickedTcpPort_ = true;
+        config_.tcpPort = *port;
+        return std::nullopt;
+    }
+    if (const auto failure = host_.tcp->start(config_.tcpPort))
+        return fmt::format("TCP {} : {}", config_.tcpPort.get(), failure->description);
+    return std::nullopt;
 }
 
 std::string GatewaySimulator::udpDestination() const {
@@ -200,9 +214,10 @@ bool GatewaySimulator::startEngine() {
 }
 
 void GatewaySimulator::startTimers() {
-    scheduler_ = host_.loop.every(pumpPeriod, [this] { pump(); });
+    if (!host_.replays) scheduler_ = host_.loop.every(pumpPeriod, [this] { pump(); });
     statsTimer_ = host_.loop.every(statisticsPeriod, [this] { statisticsTick(); });
-    disconnectTimer_ = host_.loop.every(disconnectPeriod, [this] { maybeRandomDisconnect(); });
+    disconnectTimer_ =
+        host_.machineLoop.every(disconnectPeriod, [this] { maybeRandomDisconnect(); });
 }
 
 std::int64_t GatewaySimulator::wantedTargets() const {
@@ -213,12 +228,18 @@ std::string GatewaySimulator::summaryLine() const {
     std::vector<std::string> parts;
     if (config_.tcpEnabled) parts.push_back(fmt::format("TCP {}", config_.tcpPort.get()));
     if (config_.udpEnabled) parts.push_back(fmt::format("UDP {}", config_.udpPort.get()));
+    if (host_.record) parts.emplace_back("fichier");
     return fmt::format("{}", fmt::join(parts, " · "));
 }
 
 void GatewaySimulator::pump() {
     if (!isRunning || faults_.stopStream) return;
     for (const SentenceKind kind : schedule_.takeDue(host_.loop.now())) emit(family(kind));
+}
+
+void GatewaySimulator::relay(std::vector<std::string> lines) {
+    if (!isRunning || faults_.stopStream) return;
+    delivery_.deliver(sentenceFaults_.apply(std::move(lines)));
 }
 
 void GatewaySimulator::emit(const SentenceFamily& family) {
@@ -246,11 +267,13 @@ void GatewaySimulator::sendNow(std::string sentence) {
         throughput_.addBytes(bytes->size());
         log("UDP", *bytes);
     }
+    if (host_.record) host_.record(bytes);
     throughput_.addMessage();
+    ++sentSentences_;
 }
 
 void GatewaySimulator::statisticsTick() {
-    extendTrack();
+    if (!host_.replays) extendTrack();
     const Throughput measured = throughput_.take();
     messagesPerSecond = measured.messagesPerSecond;
     kilobytesPerSecond = measured.kilobytesPerSecond;

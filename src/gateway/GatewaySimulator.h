@@ -62,6 +62,10 @@ public:
     network::DroppedSentences droppedOverTCP() const { return host_.tcp->droppedSentences(); }
     network::DroppedSentences droppedOverUDP() const { return host_.udp->droppedSentences(); }
 
+    /// How many sentences were sent, and how many TCP clients came, since this was made.
+    std::uint64_t sentSentences() const { return sentSentences_; }
+    std::uint64_t connections() const { return host_.tcp->acceptedClients(); }
+
     const std::deque<ConsoleLine>& consoleLines() const { return console_.lines(); }
     std::uint64_t consoleAppendedCount() const { return console_.appendedCount(); }
     std::uint64_t consoleMissedCount() const { return console_.missedCount(); }
@@ -108,6 +112,11 @@ public:
     /// Puts the whole console on the clipboard.
     void copyConsole() const;
 
+    /// Sends lines, each with its CR LF, that somebody else wrote, as if the boat's instruments
+    /// had: the faults of sentences and of delivery act on them. Does nothing while stopped or
+    /// while the stream is cut.
+    void relay(std::vector<std::string> lines);
+
     // What its timers call, every pumpPeriod, statisticsPeriod and disconnectPeriod.
 
     /// Sends the families that are due.
@@ -132,6 +141,7 @@ private:
     void publishClients(std::vector<GatewayClient> list);
     void tcpListenFailed();
     bool startTransports();
+    std::optional<std::string> startTcp();
     bool startEngine();
     void startTimers();
     std::int64_t wantedTargets() const;
@@ -150,6 +160,8 @@ private:
     EmissionSchedule schedule_;
     Outputs outputs_;
     ThroughputMeter throughput_;
+    std::uint64_t sentSentences_ = 0;
+    bool hasPickedTcpPort_ = false;
     AISReports aisReports_;
     simulation::Track track_;
     faults::SensorFaults sensorFaults_;

@@ -8,9 +8,11 @@
 
 namespace tidewright::gateway {
 
-Host Host::machine(platform::MainLoop& loop, platform::RandomSource& random,
+Host Host::machine(platform::MainLoop& loop, platform::MainLoop& machineLoop,
+                   platform::RandomSource& random,
                    std::function<void(const std::string&)> setClipboard) {
     return {.loop = loop,
+            .machineLoop = machineLoop,
             .random = random,
             .tcp = std::make_unique<network::TCPServer>(loop),
             .udp = std::make_unique<network::UDPBroadcaster>(),

@@ -14,10 +14,11 @@
 
 namespace tidewright::gateway {
 
-/// Everything that the gateway asks of the world around it. `loop` and `random` must outlive the
+/// Everything that the gateway asks of the world around it. The loops and `random` must outlive the
 /// gateway.
 struct Host {
-    platform::MainLoop& loop;
+    platform::MainLoop& loop;         ///< of the run, which may have a time of its own
+    platform::MainLoop& machineLoop;  ///< in the machine's own time, for faults of connections
     platform::RandomSource& random;
     std::unique_ptr<network::StreamServer> tcp;
     std::unique_ptr<network::DatagramSender> udp;
@@ -25,8 +26,18 @@ struct Host {
     platform::UtcOffset utcOffset;                         ///< for the console's clock
     std::function<void(const std::string&)> setClipboard;  ///< replaces its content
 
+    /// Takes each sentence as it leaves delivery, beside the transports; null: nobody does.
+    std::function<void(const network::SharedBytes&)> record = {};
+
+    /// The sentences come by GatewaySimulator::relay() instead of from the boat.
+    bool replays = false;
+
+    /// TCP listens on a port that the system picks at the first start, whatever the settings say.
+    bool picksTcpPort = false;
+
     /// This machine: real sockets, interfaces and time zone.
-    static Host machine(platform::MainLoop& loop, platform::RandomSource& random,
+    static Host machine(platform::MainLoop& loop, platform::MainLoop& machineLoop,
+                        platform::RandomSource& random,
                         std::function<void(const std::string&)> setClipboard);
 };
 

@@ -19,18 +19,22 @@ constexpr int clientsATurn = 256;
 
 }  // namespace
 
-void StreamClients::add(asio::ip::tcp::socket socket, std::int64_t limit) {
+bool StreamClients::add(asio::ip::tcp::socket socket, std::int64_t limit) {
     asio::error_code error;
     const auto remote = socket.remote_endpoint(error);
-    if (error) return;
+    if (error) return false;
     const std::uint64_t number = ++latestNumber_;
     const auto client = std::make_shared<TCPClient>(
         std::move(socket), ConnectedClient{number, describe(remote.address().to_string())}, tape_,
         [this](const TCPClient& failed) { remove(failed); });
-    if (limit > 0 && std::ssize(clients_) >= limit) return close({{number, client}});
+    if (limit > 0 && std::ssize(clients_) >= limit) {
+        close({{number, client}});
+        return false;
+    }
     clients_.emplace(number, client);
     client->start();
     changed_();
+    return true;
 }
 
 void StreamClients::broadcast(SharedBytes sentence) {

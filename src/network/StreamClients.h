@@ -34,8 +34,8 @@ public:
 
     /// Takes in a connected client, who receives what is broadcast from now on. A connection
     /// already lost is not listed. Where `limit` (> 0) clients are there, it is closed instead,
-    /// with a clean end of stream.
-    void add(asio::ip::tcp::socket socket, std::int64_t limit = 0);
+    /// with a clean end of stream. Whether it is listed.
+    bool add(asio::ip::tcp::socket socket, std::int64_t limit = 0);
 
     /// Sends `sentence` to every client. What is broadcast in one burst leaves together.
     void broadcast(SharedBytes sentence);

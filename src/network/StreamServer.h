@@ -45,6 +45,10 @@ public:
     /// (0) or a socket that cannot be made.
     virtual std::optional<StartFailure> start(std::uint16_t port) = 0;
 
+    /// The same on a port that the system picks, which is the answer; nothing where no socket can
+    /// be made.
+    virtual std::optional<std::uint16_t> startOnFreePort() = 0;
+
     /// Closes every client and the listener, and returns when that is done; the port is free again.
     /// An empty client list is reported. Harmless when already stopped.
     virtual void stop() = 0;
@@ -66,6 +70,9 @@ public:
 
     /// Has onTraffic called, soon, and returns at once.
     virtual void askForTraffic() = 0;
+
+    /// How many clients were listed so far, those included who are gone. Any thread may call it.
+    virtual std::uint64_t acceptedClients() const = 0;
 
     /// What was dropped so far; what clients missed, as of the latest report.
     virtual DroppedSentences droppedSentences() const = 0;

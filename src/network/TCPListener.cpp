@@ -81,6 +81,13 @@ asio::error_code TCPListener::bindAndListen(std::uint16_t port) {
     return error;
 }
 
+std::optional<std::uint16_t> TCPListener::port() const {
+    asio::error_code error;
+    const auto endpoint = acceptor_.local_endpoint(error);
+    if (error || endpoint.port() == 0) return std::nullopt;
+    return endpoint.port();
+}
+
 void TCPListener::acceptNext() {
     acceptor_.async_accept(
         [weak = weak_from_this()](const asio::error_code& error, asio::ip::tcp::socket socket) {

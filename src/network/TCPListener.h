@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tidewright::network {
 
@@ -27,9 +28,12 @@ public:
     /// Makes the socket, and says why it cannot be made.
     asio::error_code open();
 
-    /// Takes `port` and begins to accept. To be called once, after open(), when a shared_ptr owns
-    /// the listener.
+    /// Takes `port`, or one that the system picks for 0, and begins to accept. To be called once,
+    /// after open(), when a shared_ptr owns the listener.
     void listen(std::uint16_t port);
+
+    /// Where it listens; nothing where it could not take a port.
+    std::optional<std::uint16_t> port() const;
 
 private:
     asio::error_code openForBoth();

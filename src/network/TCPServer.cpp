@@ -44,7 +44,9 @@ struct TCPServer::Core {
     asio::error_code listen(std::uint16_t port) {
         listener = std::make_shared<TCPListener>(
             queue.context(),
-            [this](asio::ip::tcp::socket socket) { clients.add(std::move(socket), limit); },
+            [this](asio::ip::tcp::socket socket) {
+                if (clients.add(std::move(socket), limit)) ++acceptedClients;
+            },
             [this, itsRun = run.load()](const asio::error_code& error) {
                 reportFailure(itsRun, error.message());
             });
@@ -83,7 +85,8 @@ struct TCPServer::Core {
     const TCPServer& owner;
     platform::MainLoop& mainLoop;
     platform::Lifetime lifetime;
-    std::atomic<std::uint64_t> run = 0;   // how often stop() was called; a failure is of one run
+    std::atomic<std::uint64_t> run = 0;  // how often stop() was called; a failure is of one run
+    std::atomic<std::uint64_t> acceptedClients = 0;
     std::atomic<std::int64_t> limit = 0;  // of clients; <= 0: none
     std::atomic<std::uint64_t> sentencesMissedByClients = 0;
     ClientReports reports{mainLoop, queue, [this] { return listClients(); },
@@ -113,6 +116,15 @@ std::optional<StartFailure> TCPServer::start(std::uint16_t port) {
     return StartFailure{.domain = "system", .code = error.value(), .description = error.message()};
 }
 
+std::optional<std::uint16_t> TCPServer::startOnFreePort() {
+    stop();
+    std::optional<std::uint16_t> port;
+    core_->queue.runAndWait([&] {
+        if (!core_->tryToListen(0)) port = core_->listener->port();
+    });
+    return port;
+}
+
 void TCPServer::stop() {
     ++core_->run;
     core_->close();
@@ -137,6 +149,10 @@ void TCPServer::drop(std::uint64_t number) {
 
 void TCPServer::askForTraffic() {
     core_->queue.post([core = core_.get()] { core->reportTraffic(); });
+}
+
+std::uint64_t TCPServer::acceptedClients() const {
+    return core_->acceptedClients;
 }
 
 DroppedSentences TCPServer::droppedSentences() const {

@@ -19,12 +19,14 @@ public:
     ~TCPServer() override;
 
     std::optional<StartFailure> start(std::uint16_t port) override;
+    std::optional<std::uint16_t> startOnFreePort() override;
     void stop() override;
     void broadcast(SharedBytes sentence) override;
     void limitClients(std::int64_t limit) override;
     void dropAllClients() override;
     void drop(std::uint64_t number) override;
     void askForTraffic() override;
+    std::uint64_t acceptedClients() const override;
     DroppedSentences droppedSentences() const override;
 
 private:

@@ -1,13 +1,19 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace tidewright::platform {
 
-/// Where chance comes from, for everything that need not be repeatable.
+/// Where chance comes from.
 class RandomSource {
 public:
     virtual ~RandomSource() = default;
+
+    /// The chance of what is called `name`, as in "fleet": a stream of its own where runs are to
+    /// repeat, so that what one draws never shifts another; this source itself where they are not.
+    /// Lasts as long as this source; the same name gives the same stream.
+    virtual RandomSource& stream(std::string_view /*name*/) { return *this; }
 
     /// 64 uniform bits: a seed, half an identifier.
     virtual std::uint64_t bits() = 0;

@@ -18,8 +18,20 @@ void VirtualMainLoop::after(Duration delay, Task task) {
     once_.emplace(Turn{now_ + delay, asked_++}, std::move(task));
 }
 
+void VirtualMainLoop::firstAfter(Duration delay, Task task) {
+    check(delay >= Duration::zero(), "a delay must not be negative");
+    once_.emplace(Turn{now_ + delay, askedToBeFirst_++}, std::move(task));
+}
+
 void VirtualMainLoop::post(Task task) {
     after(Duration::zero(), std::move(task));
+}
+
+std::optional<Instant> VirtualMainLoop::nextDue() const {
+    if (repeating_.empty() && once_.empty()) return std::nullopt;
+    if (once_.empty()) return repeating_.begin()->first.first;
+    if (repeating_.empty()) return once_.begin()->first.first;
+    return std::min(repeating_.begin()->first, once_.begin()->first).first;
 }
 
 void VirtualMainLoop::advance(Duration span) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 
 #include "platform/MainLoop.h"
@@ -22,6 +24,13 @@ public:
     void after(Duration delay, Task task) override;
     void post(Task task) override;
 
+    /// As after(), but ahead of everything else that is due at that instant.
+    void firstAfter(Duration delay, Task task);
+
+    /// When the next task is due, which is now() at the earliest unless the loop was stalled;
+    /// nothing where none waits. Timers let go of may still count once.
+    std::optional<Instant> nextDue() const;
+
     /// Lets `span` (>= 0) pass, running what falls due in it at its own time, in order; what is due
     /// at the same instant runs in the order in which it was asked for.
     void advance(Duration span);
@@ -38,13 +47,14 @@ private:
         Duration period;
         Task task;
     };
-    using Turn = std::pair<Instant, std::uint64_t>;  // when due, then who asked first
+    using Turn = std::pair<Instant, std::int64_t>;  // when due, then who asked first
 
     void ring(Turn turn, const std::shared_ptr<const Alarm>& alarm);
 
     WallTime wallClockAtZero_;
     Instant now_{};
-    std::uint64_t asked_ = 0;
+    std::int64_t asked_ = 0;
+    std::int64_t askedToBeFirst_ = std::numeric_limits<std::int64_t>::min();
     std::map<Turn, std::weak_ptr<const Alarm>> repeating_;
     std::map<Turn, Task> once_;
 };

@@ -6,10 +6,10 @@ namespace tidewright::simulation {
 
 BoatSimulationEngine::BoatSimulationEngine(platform::MainLoop& loop, platform::RandomSource& random)
     : state(*this, BoatState::starting(loop.wallClock())),
-      traffic(random),
+      traffic(random.stream("fleet")),
       loop_(loop),
-      random_(random),
-      sailing_(program, environment, random.bits()),
+      random_(random.stream("boat")),
+      sailing_(program, environment, random_.bits()),
       lastTick_(loop.now()) {}
 
 void BoatSimulationEngine::start(std::int64_t aisTargets) {

@@ -53,7 +53,7 @@ int main(int argc, char** argv) {
 
     platform::SystemRandom random;
     ui::QtMainLoop loop;
-    gateway::Assembly assembly(gateway::Host::machine(loop, random, setClipboard));
+    gateway::Assembly assembly(gateway::Host::machine(loop, loop, random, setClipboard));
     const ui::ControlWindow window(assembly, loop, setClipboard);
     return QGuiApplication::exec();
 }

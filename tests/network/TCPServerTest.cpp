@@ -274,6 +274,29 @@ TEST_F(TCPServerTest, sendsABurstOfAHundredThousandSentencesWhole) {
     EXPECT_THAT(text, EndsWith("!00099999\r\n"));
 }
 
+TEST_F(TCPServerTest, listensOnAFreePortAndSaysWhich) {
+    const auto itsPort = server->startOnFreePort();
+    ASSERT_TRUE(itsPort);
+    EXPECT_NE(*itsPort, 0);
+    port = *itsPort;
+    auto client = connect();
+    broadcast("$one\r\n");
+    EXPECT_EQ(client.read(6), "$one\r\n");
+}
+
+TEST_F(TCPServerTest, countsWhoCameAndNotWhoWasSentAway) {
+    start();
+    server->limitClients(1);
+    const auto first = connect();
+    LoopbackClient sentAway(port);
+    EXPECT_EQ(sentAway.readToEnd(), "");
+    EXPECT_EQ(server->acceptedClients(), 1U);
+    server->dropAllClients();
+    waitForClients(0);
+    const auto next = connect();
+    EXPECT_EQ(server->acceptedClients(), 2U);
+}
+
 TEST_F(TCPServerTest, refusesPortZero) {
     const auto failure = server->start(0);
     ASSERT_TRUE(failure);

@@ -21,11 +21,13 @@ public:
     std::optional<network::StartFailure> start(std::uint16_t port) override {
         return server_.start(port);
     }
+    std::optional<std::uint16_t> startOnFreePort() override { return server_.startOnFreePort(); }
     void stop() override { server_.stop(); }
     void limitClients(std::int64_t limit) override { server_.limitClients(limit); }
     void dropAllClients() override { server_.dropAllClients(); }
     void drop(std::uint64_t number) override { server_.drop(number); }
     void askForTraffic() override { server_.askForTraffic(); }
+    std::uint64_t acceptedClients() const override { return server_.acceptedClients(); }
     network::DroppedSentences droppedSentences() const override {
         return server_.droppedSentences();
     }

@@ -106,7 +106,7 @@ public:
 
 private:
     gateway::Host host() {
-        auto host = gateway::Host::machine(loop_, random_, {});
+        auto host = gateway::Host::machine(loop_, loop_, random_, {});
         host.tcp = std::make_unique<JournalingServer>(loop_, journal_);
         return host;
     }

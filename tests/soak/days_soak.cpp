@@ -17,8 +17,8 @@
 #include "platform/Check.h"
 #include "platform/VirtualMainLoop.h"
 #include "simulation/ControlMode.h"
+#include "simulation/SeededRandom.h"
 #include "support/ReadOutHost.h"
-#include "support/SeededRandom.h"
 
 namespace tidewright::soak {
 namespace {
@@ -48,7 +48,7 @@ private:
         reader_(sentence);
     }
 
-    SeededRandom random_;
+    simulation::SeededRandom random_;
     ReadOutServer::Reader reader_;
     std::uint64_t digest_ = 14'695'981'039'346'656'037U;
     platform::VirtualMainLoop loop_{std::chrono::sys_days{std::chrono::June / 1 / 2026} + 12h};

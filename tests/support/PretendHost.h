@@ -28,6 +28,7 @@ struct PretendHost {
         tcp = stream.get();
         udp = datagrams.get();
         return {.loop = loop,
+                .machineLoop = loop,
                 .random = random,
                 .tcp = std::move(stream),
                 .udp = std::move(datagrams),

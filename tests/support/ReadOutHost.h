@@ -20,12 +20,14 @@ public:
     explicit ReadOutServer(Reader reader) : reader_(std::move(reader)) {}
 
     std::optional<network::StartFailure> start(std::uint16_t) override { return std::nullopt; }
+    std::optional<std::uint16_t> startOnFreePort() override { return 1; }
     void stop() override {}
     void broadcast(network::SharedBytes sentence) override { reader_(*sentence); }
     void limitClients(std::int64_t) override {}
     void dropAllClients() override {}
     void drop(std::uint64_t) override {}
     void askForTraffic() override {}
+    std::uint64_t acceptedClients() const override { return 0; }
     network::DroppedSentences droppedSentences() const override { return {}; }
 
 private:
@@ -44,6 +46,7 @@ struct SilentSender final : network::DatagramSender {
 inline gateway::Host readOutHost(platform::MainLoop& loop, platform::RandomSource& random,
                                  ReadOutServer::Reader reader) {
     return {.loop = loop,
+            .machineLoop = loop,
             .random = random,
             .tcp = std::make_unique<ReadOutServer>(std::move(reader)),
             .udp = std::make_unique<SilentSender>(),

@@ -14,14 +14,17 @@ namespace tidewright::network {
 /// test reports itself, through its callbacks: nothing is called from here.
 class RecordingStreamServer final : public StreamServer {
 public:
-    std::optional<StartFailure> startFailure;  ///< the answer of the next starts
-    std::vector<std::uint16_t> startedPorts;   ///< one for every start(), failed ones included
-    int stops = 0;                             ///< calls of stop() by the owner
-    std::int64_t limit = 0;                    ///< as last told by limitClients()
+    std::optional<StartFailure> startFailure;        ///< the answer of the next starts
+    std::optional<std::uint16_t> freePort = 50'000;  ///< the answer of startOnFreePort()
+    std::vector<std::uint16_t>
+        startedPorts;        ///< one for every start, failed ones included; 0: a free one
+    int stops = 0;           ///< calls of stop() by the owner
+    std::int64_t limit = 0;  ///< as last told by limitClients()
     int dropAllClientsCalls = 0;
     std::vector<std::uint64_t> dropped;  ///< one for every drop(), in order
     int askForTrafficCalls = 0;
     std::vector<std::string> sentences;  ///< one for every broadcast(), in order
+    std::uint64_t accepted = 0;          ///< the answer of acceptedClients()
     DroppedSentences drops;              ///< the answer of droppedSentences()
     bool running = false;                ///< between a start() that succeeded and the next stop()
 
@@ -29,6 +32,12 @@ public:
         startedPorts.push_back(port);
         running = !startFailure;
         return startFailure;
+    }
+
+    std::optional<std::uint16_t> startOnFreePort() override {
+        startedPorts.push_back(0);
+        running = freePort.has_value();
+        return freePort;
     }
 
     void stop() override {
@@ -45,6 +54,8 @@ public:
     void drop(std::uint64_t number) override { dropped.push_back(number); }
 
     void askForTraffic() override { ++askForTrafficCalls; }
+
+    std::uint64_t acceptedClients() const override { return accepted; }
 
     DroppedSentences droppedSentences() const override { return drops; }
 

@@ -7,8 +7,8 @@
 #include "app/CommandLine.h"
 #include "gateway/Assembly.h"
 #include "platform/VirtualMainLoop.h"
+#include "simulation/SeededRandom.h"
 #include "support/ReadOutHost.h"
-#include "support/SeededRandom.h"
 
 using namespace tidewright;
 using app::Arguments;
@@ -48,7 +48,7 @@ void applyMode(const Arguments& arguments, simulation::BoatSimulationEngine& eng
 int main(int argc, char** argv) {
     const Arguments arguments(argv, argv + argc);
     platform::VirtualMainLoop loop(noon);
-    SeededRandom random(static_cast<std::uint64_t>(number("--seed", arguments, 1)));
+    simulation::SeededRandom random(static_cast<std::uint64_t>(number("--seed", arguments, 1)));
     const bool withTimes = contains("--times", arguments);
     gateway::Assembly assembly(
         readOutHost(loop, random, [&](const std::string& each) { print(each, loop, withTimes); }));

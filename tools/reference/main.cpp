@@ -54,7 +54,7 @@ std::string optionsTable() {
 std::string settingsTable() {
     platform::VirtualMainLoop loop;
     platform::SystemRandom random;
-    const gateway::Assembly fresh(gateway::Host::machine(loop, random, {}));
+    const gateway::Assembly fresh(gateway::Host::machine(loop, loop, random, {}));
     std::string table;
     std::string group;
     for (const gateway::Setting& each : fresh.settings.all()) {
