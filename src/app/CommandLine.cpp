@@ -61,7 +61,8 @@ private:
         if (named->valueName.french.empty()) {
             if (value) return report(fmt::format("{} ne prend pas de valeur.", name));
         } else {
-            if (!value && i + 1 < arguments_.size()) value = arguments_[++i];
+            const bool isFollowed = i + 1 < arguments_.size() && !option(arguments_[i + 1]);
+            if (!value && isFollowed) value = arguments_[++i];
             if (!value)
                 return report(fmt::format("{} attend une valeur : {}.", name, named->readable));
             if (!named->reads(*value)) return reportUnreadable(*named, *value);
@@ -122,6 +123,14 @@ std::optional<std::uint16_t> CommandLine::port(std::string_view text) {
     return static_cast<std::uint16_t>(*number);
 }
 
+std::optional<std::uint64_t> CommandLine::seed(std::string_view text) {
+    std::uint64_t number = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || stop != end) return std::nullopt;
+    return number;
+}
+
 std::optional<double> CommandLine::decimal(std::string_view text) {
     if (text.find_first_not_of("0123456789.eE+-") != std::string_view::npos) return std::nullopt;
     return platform::decimalNumber(withoutPlus(text));
@@ -154,6 +163,14 @@ std::optional<std::string> CommandLine::problem(const Arguments& arguments) {
     for (const GivenOption& each : reader.given())
         if (each.option->isStrict && !each.option->isQuestion && !isHeadless)
             return fmt::format("{} ne va qu'avec --headless.", each.option->name);
+    return std::nullopt;
+}
+
+std::optional<std::string> CommandLine::given(std::string_view option, const Arguments& arguments) {
+    if (!isStrict(arguments)) return std::nullopt;
+    const StrictReader reader(arguments);
+    for (const auto& [named, text] : reader.given())
+        if (named->name == option) return text;
     return std::nullopt;
 }
 

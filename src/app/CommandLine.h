@@ -28,6 +28,9 @@ std::optional<std::int64_t> integer(std::string_view text);
 /// A whole number within 0 to 65535; nothing for other texts.
 std::optional<std::uint16_t> port(std::string_view text);
 
+/// A whole number within 0 to 2^64 - 1, in digits alone; nothing for other texts.
+std::optional<std::uint64_t> seed(std::string_view text);
+
 /// A decimal number: an optional sign, digits with an optional point, an optional exponent, nothing
 /// else, whatever the locale; nothing for other texts and for numbers that a double cannot hold.
 std::optional<double> decimal(std::string_view text);
@@ -42,6 +45,10 @@ bool isStrict(const Arguments& arguments);
 /// What is wrong with a command line that is read strictly, in French; nothing where nothing is, or
 /// where it is not read so.
 std::optional<std::string> problem(const Arguments& arguments);
+
+/// What stands for `option` where the command line is read strictly and has no problem; empty for
+/// one that takes no value, nothing where it is not there.
+std::optional<std::string> given(std::string_view option, const Arguments& arguments);
 
 /// What --set asks for, in order; to be asked where there is no problem.
 gateway::Settings::Texts settings(const Arguments& arguments);

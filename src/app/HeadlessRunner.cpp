@@ -2,44 +2,158 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <chrono>
+#include <csignal>
 #include <utility>
+#include <variant>
 
 #include "platform/AsioMainLoop.h"
 #include "platform/StandardError.h"
 #include "platform/SystemRandom.h"
+#include "platform/TimeText.h"
+#include "simulation/SeededRandom.h"
 
 namespace tidewright::app {
 
 namespace {
+using namespace std::chrono_literals;
+
+/// How long an interrupted program waits for who reads its recording.
+constexpr auto patience = 1s;
 
 std::string errorLine(const std::string& text) {
     return "ERREUR : " + text + "\n";
 }
 
+/// `file` as a person calls it.
+std::string nameOf(const std::string& file) {
+    return file == "-" ? "la sortie standard" : file;
+}
+
 }  // namespace
 
-HeadlessRunner::HeadlessRunner(const Arguments& arguments, gateway::Host host, Terminal terminal)
-    : loop_(host.loop), assembly_(std::move(host)), terminal_(std::move(terminal)) {
+HeadlessRunner::HeadlessRunner(const Arguments& arguments, gateway::Host host, Terminal terminal,
+                               Run run)
+    : machineLoop_(host.machineLoop),
+      terminal_(std::move(terminal)),
+      run_(std::move(run)),
+      assembly_(equipped(std::move(host))) {
     if (const auto problem = apply(arguments)) {
-        terminal_.write(errorLine(*problem));
-        terminal_.fail(2);
+        fail(2, *problem);
         return;
     }
+    if (!openRecording()) return;
+    if (run_.clock && run_.plan.duration)
+        run_.clock->firstAfter(*run_.plan.duration, [this] { finish(0); });
     assembly_.gateway.start();
     terminal_.write(banner());
-    watchTimer_ = loop_.every(std::chrono::seconds(1), [this] { watch(); });
+    watchTimer_ = machineLoop_.every(1s, [this] { watch(); });
+}
+
+gateway::Host HeadlessRunner::equipped(gateway::Host host) {
+    if (run_.plan.output)
+        host.record = [this](const network::SharedBytes& sentence) { record(sentence); };
+    host.picksTcpPort = run_.plan.picksTcpPort;
+    if (run_.clock) host.utcOffset = [](platform::WallTime) { return 0s; };
+    return host;
 }
 
 /// What is wrong with the command line, in one line of French; nothing where it is applied.
 std::optional<std::string> HeadlessRunner::apply(const Arguments& arguments) {
     if (auto problem = CommandLine::problem(arguments)) return problem;
     CommandLine::apply(arguments, assembly_.config, assembly_.engine);
+    const auto texts = CommandLine::settings(arguments);
     std::string reasons;
-    for (const auto& refusal : assembly_.settings.writeTexts(CommandLine::settings(arguments)))
+    for (const auto& refusal : assembly_.settings.writeTexts(texts))
         reasons += (reasons.empty() ? "" : " ") + refusal.reason;
     if (!reasons.empty()) return reasons;
+    if (run_.plan.picksTcpPort) {
+        const bool wantsUdp = std::ranges::find(texts, std::pair<std::string, std::string>(
+                                                           "network.udp", "true")) != texts.end();
+        assembly_.config.udpEnabled = wantsUdp;
+    }
+    if (run_.plan.isUnpaced()) {
+        assembly_.config.tcpEnabled = false;
+        assembly_.config.udpEnabled = false;
+    }
     assembly_.settings.keepForReset();
     return std::nullopt;
+}
+
+/// Whether there is one, or none is wanted; else it has said why, and ended.
+bool HeadlessRunner::openRecording() {
+    if (!run_.plan.output) return true;
+    auto opened = network::OutputFile::open(*run_.plan.output);
+    if (const auto* failure = std::get_if<network::OutputFile::Failure>(&opened)) {
+        fail(1, fmt::format("L'enregistrement dans {} ne peut commencer : {}",
+                            nameOf(*run_.plan.output), failure->reason));
+        return false;
+    }
+    recorder_ = std::make_unique<network::Recorder>(
+        std::get<network::OutputFile>(std::move(opened)), machineLoop_,
+        network::Recorder::Reports{
+            .failed = [this](const network::OutputFile::Failure& why) { endRecording(why); },
+            .hasRoom =
+                [this] {
+                    if (!isOver_) run_.resume();
+                }});
+    return true;
+}
+
+bool HeadlessRunner::hasNetwork() const {
+    return assembly_.config.tcpEnabled || assembly_.config.udpEnabled;
+}
+
+void HeadlessRunner::record(const network::SharedBytes& sentence) {
+    if (recorder_->isFull() && hasNetwork()) {
+        if (recorder_->droppedSentences() == 0)
+            terminal_.write(
+                "ATTENTION : l'enregistrement n'est pas complet : qui le lit ne suit "
+                "pas.\n");
+        return recorder_->drop();
+    }
+    recorder_->record(sentence);
+    if (recorder_->isFull() && !hasNetwork()) run_.hold();
+}
+
+void HeadlessRunner::endRecording(const network::OutputFile::Failure& why) {
+    if (why.hasReaderLeft && run_.plan.output == "-") return finish(0);
+    if (isOver_) return;
+    terminal_.write(errorLine(fmt::format("L'enregistrement dans {} s'arrête : {}",
+                                          nameOf(*run_.plan.output), why.reason)));
+    finish(1);
+}
+
+void HeadlessRunner::finish(int status) {
+    if (std::exchange(isOver_, true)) return;
+    const auto& gateway = assembly_.gateway;
+    if (status == 0 && !gateway.isRunning && gateway.lastError->has_value()) {
+        terminal_.write(errorLine(gateway.lastError->value()));
+        status = 1;
+    }
+    run_.hold();
+    watchTimer_.reset();
+    assembly_.gateway.finish();
+    endWhenRecorded(status);
+}
+
+void HeadlessRunner::interrupt() {
+    if (std::exchange(isOver_, true)) return;
+    run_.hold();
+    watchTimer_.reset();
+    assembly_.gateway.stop();
+    if (recorder_) machineLoop_.after(patience, [this] { recorder_->abandon(); });
+    endWhenRecorded(0);
+}
+
+void HeadlessRunner::endWhenRecorded(int status) {
+    if (!recorder_) return terminal_.end(status);
+    recorder_->finish([this, status] {
+        if (const auto dropped = recorder_->droppedSentences())
+            terminal_.write(fmt::format("Il manque {} phrases à l'enregistrement.\n", dropped));
+        terminal_.end(status);
+    });
 }
 
 std::string HeadlessRunner::banner() const {
@@ -55,27 +169,84 @@ std::string HeadlessRunner::banner() const {
                         assembly_.gateway.udpDestination(), config.udpPort.get());
     text += config.ais ? fmt::format("  AIS  {} targets\n", config.aisTargetCount.get())
                        : "  AIS  off\n";
-    return text + "  Ctrl-C pour arrêter.\n";
+    return text + runLines() + "  Ctrl-C pour arrêter.\n";
+}
+
+/// What this run has of its own.
+std::string HeadlessRunner::runLines() const {
+    const RunPlan& plan = run_.plan;
+    std::string lines;
+    if (plan.output) lines += fmt::format("  FILE  {}\n", *plan.output);
+    if (plan.replay) lines += fmt::format("  REPLAY  {}\n", *plan.replay);
+    if (plan.scenario) lines += fmt::format("  SCENARIO  {}\n", *plan.scenario);
+    if (plan.seed) lines += fmt::format("  SEED  {}\n", *plan.seed);
+    if (plan.start)
+        lines += fmt::format("  CLOCK  {} × {}\n", platform::utcText(*plan.start),
+                             platform::speedText(plan.speed.value_or(1)));
+    return lines;
 }
 
 void HeadlessRunner::watch() {
     if (assembly_.gateway.isRunning) return;
-    terminal_.write(
-        errorLine(assembly_.gateway.lastError->value_or("le simulateur s'est arrêté.")));
-    terminal_.fail(1);
+    watchTimer_.reset();
+    fail(1, assembly_.gateway.lastError->value_or("le simulateur s'est arrêté."));
+}
+
+void HeadlessRunner::fail(int status, const std::string& why) {
+    isOver_ = true;
+    terminal_.write(errorLine(why));
+    endWhenRecorded(status);
 }
 
 int HeadlessRunner::run(const Arguments& arguments) {
-    platform::SystemRandom random;
-    platform::AsioMainLoop loop;
-    int exitStatus = 0;
-    const HeadlessRunner runner(arguments, gateway::Host::machine(loop, loop, random, {}),
-                                {.write = platform::writeStandardError, .fail = [&](int status) {
-                                     exitStatus = status;
-                                     loop.stop();
-                                 }});
-    if (exitStatus == 0) loop.run();
-    return exitStatus;
+    RunPlan plan = RunPlan::of(arguments);
+    if (const auto problem = plan.problem(arguments, {})) {
+        platform::writeStandardError(errorLine(*problem));
+        return 2;
+    }
+    platform::SystemRandom machineRandom;
+    platform::AsioMainLoop machine;
+    std::optional<platform::PacedMainLoop> clock;
+    std::optional<simulation::SeededRandom> random;
+    Run run{.plan = plan,
+            .hold = [&machine] { machine.hold(); },
+            .resume = [&machine] { machine.resume(); }};
+    if (plan.hasOwnClock()) {
+        plan.seed = plan.seed.value_or(machineRandom.bits());
+        plan.start =
+            plan.start.value_or(std::chrono::floor<std::chrono::seconds>(machine.wallClock()));
+        random.emplace(*plan.seed);
+        clock.emplace(machine, *plan.start, plan.speed.value_or(1));
+        run = {.plan = plan,
+               .clock = &*clock,
+               .hold = [&clock] { clock->hold(); },
+               .resume = [&clock] { clock->resume(); }};
+    }
+    auto host = gateway::Host::machine(
+        clock ? static_cast<platform::MainLoop&>(*clock) : machine, machine,
+        random ? static_cast<platform::RandomSource&>(*random) : machineRandom, {});
+    std::optional<int> exitStatus;
+    std::optional<int> interruption;
+    {
+        HeadlessRunner runner(arguments, std::move(host),
+                              {.write = platform::writeStandardError,
+                               .end =
+                                   [&](int status) {
+                                       exitStatus = status;
+                                       machine.stop();
+                                   }},
+                              std::move(run));
+        machine.onInterrupt([&](int signal) {
+            interruption = signal;
+            runner.interrupt();
+        });
+        if (!exitStatus) machine.run();
+    }
+    if (interruption) {
+        std::signal(*interruption, SIG_DFL);
+        std::raise(*interruption);
+    }
+    return *exitStatus;
 }
 
 }  // namespace tidewright::app

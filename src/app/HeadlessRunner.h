@@ -1,43 +1,76 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "app/CommandLine.h"
+#include "app/RunPlan.h"
 #include "gateway/Assembly.h"
+#include "network/Recorder.h"
+#include "platform/PacedMainLoop.h"
 
 namespace tidewright::app {
 
 /// The gateway without a window: applies the options, starts, says so, and watches.
 class HeadlessRunner {
 public:
-    /// Where the runner writes, and how it gives up.
+    /// Where the runner writes, and how it comes to an end.
     struct Terminal {
         std::function<void(std::string_view)> write;  ///< to standard error, in one piece
-        std::function<void(int status)> fail;         ///< ends the program with that exit status
+        std::function<void(int status)> end;          ///< ends the program with that exit status
+    };
+
+    /// The run's own clock, where it has one.
+    struct Run {
+        RunPlan plan = {};
+        platform::PacedMainLoop* clock = nullptr;  ///< the host's loop; null: the machine's clock
+        std::function<void()> hold = [] {};        ///< makes the run stand still
+        std::function<void()> resume = [] {};
     };
 
     /// Starts the gateway and writes the banner, whatever came of the start; then looks every
-    /// second whether it still runs, and where it does not writes why and fails with 1. Where the
-    /// command line cannot be read, writes why and fails with 2 instead.
-    HeadlessRunner(const Arguments& arguments, gateway::Host host, Terminal terminal);
+    /// second whether it still runs, and where it does not writes why and ends with 1. Where the
+    /// command line cannot be read, writes why and ends with 2 instead.
+    HeadlessRunner(const Arguments& arguments, gateway::Host host, Terminal terminal, Run run);
+
+    HeadlessRunner(const HeadlessRunner&) = delete;
+    HeadlessRunner& operator=(const HeadlessRunner&) = delete;
 
     const gateway::Assembly& assembly() const { return assembly_; }
 
-    /// Runs on this machine until interrupted or until the gateway stops; answers the exit status.
+    /// Comes to an end with `status`: clients get everything, and the recording is written.
+    void finish(int status);
+
+    /// The same, for a program that was told to stop: nobody is waited for long.
+    void interrupt();
+
+    /// Runs on this machine until interrupted or until the run is over; answers the exit status. An
+    /// interrupt ends the process.
     static int run(const Arguments& arguments);
 
 private:
+    gateway::Host equipped(gateway::Host host);
     std::optional<std::string> apply(const Arguments& arguments);
+    bool openRecording();
+    bool hasNetwork() const;
+    void record(const network::SharedBytes& sentence);
+    void endRecording(const network::OutputFile::Failure& why);
+    void endWhenRecorded(int status);
     std::string banner() const;
+    std::string runLines() const;
     void watch();
+    void fail(int status, const std::string& why);
 
-    platform::MainLoop& loop_;
-    gateway::Assembly assembly_;
+    platform::MainLoop& machineLoop_;
     Terminal terminal_;
+    Run run_;
+    gateway::Assembly assembly_;
+    std::unique_ptr<network::Recorder> recorder_;
     platform::Subscription watchTimer_;
+    bool isOver_ = false;
 };
 
 }  // namespace tidewright::app

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "app/CommandLine.h"
+#include "platform/TimeText.h"
 
 namespace tidewright::app {
 
@@ -150,6 +151,75 @@ std::vector<Option> sailingOptions() {
     };
 }
 
+bool isAnything(const std::string& text) {
+    return !text.empty();
+}
+
+std::vector<Option> clockOptions() {
+    return {
+        {.name = "--seed",
+         .valueName = {"NOMBRE", "NUMBER"},
+         .effect = {"tout le hasard de la marche, pour la refaire",
+                    "all chance of the run, to have it again"},
+         .isStrict = true,
+         .reads = [](const std::string& text) { return CommandLine::seed(text).has_value(); },
+         .readable = "un nombre entier de 0 à 18446744073709551615"},
+        {.name = "--start",
+         .valueName = {"INSTANT", "TIME"},
+         .effect = {"ce que montre l'horloge au départ, en UTC",
+                    "what the clock shows at the start, UTC"},
+         .isStrict = true,
+         .reads = [](const std::string& text) { return platform::parseUtc(text).has_value(); },
+         .readable = "un instant comme 2026-06-01T12:00:00Z"},
+        {.name = "--speed",
+         .valueName = {"FACTEUR", "FACTOR"},
+         .effect = {"vitesse du temps, 0.1 à 1000, ou max",
+                    "how fast time passes, 0.1 to 1000, or max"},
+         .otherwise = "1",
+         .isStrict = true,
+         .reads = [](const std::string& text) { return platform::parseSpeed(text).has_value(); },
+         .readable = "un nombre de 0.1 à 1000, ou max"},
+        {.name = "--duration",
+         .valueName = {"DURÉE", "TIME"},
+         .effect = {"s'arrête après ce temps de marche, par exemple 1h30m",
+                    "ends after that time of the run, as in 1h30m"},
+         .isStrict = true,
+         .reads = [](const std::string& text) { return platform::parseDuration(text).has_value(); },
+         .readable = "une durée comme 90s, 10m ou 1h30m"},
+    };
+}
+
+std::vector<Option> fileOptions() {
+    return {
+        {.name = "--output",
+         .valueName = {"FICHIER", "FILE"},
+         .effect = {"les phrases vont aussi dans ce fichier (- : sortie standard)",
+                    "the sentences also go into FILE (-: standard output)"},
+         .isStrict = true,
+         .reads = isAnything,
+         .readable = "un fichier"},
+        {.name = "--free-port",
+         .effect = {"TCP sur un port libre, UDP coupé", "TCP on a free port, UDP off"},
+         .isStrict = true},
+        {.name = "--replay",
+         .valueName = {"FICHIER", "FILE"},
+         .effect = {"rejoue ce fichier au lieu du bateau (- : entrée standard)",
+                    "replays FILE instead of the boat (-: standard input)"},
+         .isStrict = true,
+         .reads = isAnything,
+         .readable = "un fichier"},
+        {.name = "--replay-loop",
+         .effect = {"rejoue le fichier sans fin", "replays the file over and over"},
+         .isStrict = true},
+        {.name = "--scenario",
+         .valueName = {"FICHIER", "FILE"},
+         .effect = {"joue ce scénario", "plays this scenario"},
+         .isStrict = true,
+         .reads = isAnything,
+         .readable = "un fichier"},
+    };
+}
+
 std::vector<Option> everyOption() {
     std::vector<Option> all{
         {.name = "--headless",
@@ -165,6 +235,8 @@ std::vector<Option> everyOption() {
          .mayRepeat = true,
          .reads = [](const std::string& text) { return text.find('=') != std::string::npos; },
          .readable = "RÉGLAGE=VALEUR"});
+    std::ranges::move(clockOptions(), std::back_inserter(all));
+    std::ranges::move(fileOptions(), std::back_inserter(all));
     all.push_back({.name = "--settings",
                    .effect = {"la liste des réglages", "the list of the settings"},
                    .isQuestion = true,

@@ -23,6 +23,7 @@ int print(const std::string& text) {
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN);  // standard error may be a pipe that nobody reads any more
+    std::signal(SIGXFSZ, SIG_IGN);  // a recording that grew too large fails as a full disk does
     tidewright::platform::endWhenResourcesRunOut();
     const Arguments arguments(argv, argv + argc);
     if (const auto problem = CommandLine::problem(arguments)) {

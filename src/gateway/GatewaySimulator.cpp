@@ -51,12 +51,20 @@ void GatewaySimulator::start() {
 }
 
 void GatewaySimulator::stop() {
+    end(&network::StreamServer::stop);
+}
+
+void GatewaySimulator::finish() {
+    end(&network::StreamServer::finish);
+}
+
+void GatewaySimulator::end(void (network::StreamServer::*endStream)()) {
     if (!isRunning) return;
     scheduler_.reset();
     statsTimer_.reset();
     disconnectTimer_.reset();
     engine_.stop();
-    host_.tcp->stop();
+    ((*host_.tcp).*endStream)();
     host_.udp->stop();
     isRunning = false;
     messagesPerSecond = 0;

@@ -87,6 +87,9 @@ public:
     /// wait on their latency are counted and logged all the same. Does nothing while stopped.
     void stop();
 
+    /// As stop(), at the end of the program: clients who read get everything first.
+    void finish();
+
     /// Makes the AIS vessels anew, as many as the settings say; lastError where memory lacks.
     void regenerateAIS();
 
@@ -144,6 +147,7 @@ private:
     std::optional<std::string> startTcp();
     bool startEngine();
     void startTimers();
+    void end(void (network::StreamServer::*endStream)());
     std::int64_t wantedTargets() const;
     std::string summaryLine() const;
     std::string broadcastAddress() const;

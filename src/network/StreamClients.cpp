@@ -1,6 +1,8 @@
 #include "network/StreamClients.h"
 
+#include <algorithm>
 #include <asio/io_context.hpp>
+#include <chrono>
 #include <iterator>
 #include <utility>
 
@@ -13,6 +15,10 @@ namespace {
 
 /// A burst that goes past this is flushed on its way, or it would overrun the tape by itself.
 constexpr std::size_t burstBytes = 64 * 1024;
+
+/// How often to look whether everything is sent: for two seconds.
+constexpr auto betweenLooks = std::chrono::milliseconds(5);
+constexpr int looksWhetherAllIsSent = 400;
 
 /// After so many clients the queue serves what else waits, new clients for instance.
 constexpr int clientsATurn = 256;
@@ -106,6 +112,24 @@ void StreamClients::close(const Clients& clients) {
     std::make_shared<ClosingClients>(queue_.context(), std::move(group), [this] {
         countClosed();
     })->start();
+}
+
+void StreamClients::whenAllSent(Closed sent) {
+    flush();
+    whenAllSent_ = std::move(sent);
+    looksLeft_ = looksWhetherAllIsSent;
+    pause_ = std::make_unique<asio::steady_timer>(queue_.context());
+    lookWhetherAllIsSent();
+}
+
+void StreamClients::lookWhetherAllIsSent() {
+    const bool isAllSent = std::ranges::all_of(
+        clients_, [](const auto& client) { return client.second->hasSentAll(); });
+    if (isAllSent || looksLeft_-- == 0) return std::exchange(whenAllSent_, {})();
+    pause_->expires_after(betweenLooks);
+    pause_->async_wait([this](const asio::error_code& error) {
+        if (!error) lookWhetherAllIsSent();
+    });
 }
 
 void StreamClients::countClosed() {

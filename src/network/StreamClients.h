@@ -1,6 +1,7 @@
 #pragma once
 
 #include <asio/ip/tcp.hpp>
+#include <asio/steady_timer.hpp>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -48,6 +49,10 @@ public:
     /// Closes the client of this number likewise; whether somebody has it.
     bool close(std::uint64_t number);
 
+    /// Calls `sent` when every client who is there was sent everything, or after two seconds, at
+    /// once or later. To be called once.
+    void whenAllSent(Closed sent);
+
     /// Calls `closed` when no client is being closed, at once or later.
     void whenClosed(Closed closed);
 
@@ -65,6 +70,7 @@ private:
 
     void flushSoon();
     void flush();
+    void lookWhetherAllIsSent();
     void flushFrom(std::uint64_t number);
     void remove(const TCPClient& client);
     void close(const Clients& clients);
@@ -80,6 +86,9 @@ private:
     bool flushIsPosted_ = false;
     std::size_t groupsBeingClosed_ = 0;
     std::vector<Closed> whenClosed_;
+    Closed whenAllSent_;
+    int looksLeft_ = 0;
+    std::unique_ptr<asio::steady_timer> pause_;
 };
 
 }  // namespace tidewright::network

@@ -53,6 +53,10 @@ public:
     /// An empty client list is reported. Harmless when already stopped.
     virtual void stop() = 0;
 
+    /// The same, after clients who read have had everything that was broadcast; they are waited for
+    /// two seconds at most.
+    virtual void finish() { stop(); }
+
     /// Sends `sentence` to every client, and returns at once. Failures are silent; where the server
     /// is too slow for its owner, whole sentences are dropped and counted.
     virtual void broadcast(SharedBytes sentence) = 0;

@@ -131,6 +131,14 @@ void TCPServer::stop() {
     core_->queue.runAndWait([this] { core_->reports.report(); });
 }
 
+void TCPServer::finish() {
+    core_->queue.startAndWait([this](platform::WorkQueue::Task done) {
+        core_->listener.reset();
+        core_->clients.whenAllSent(std::move(done));
+    });
+    stop();
+}
+
 void TCPServer::broadcast(SharedBytes sentence) {
     core_->inbox.post(std::move(sentence));
 }

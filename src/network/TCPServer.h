@@ -21,6 +21,7 @@ public:
     std::optional<StartFailure> start(std::uint16_t port) override;
     std::optional<std::uint16_t> startOnFreePort() override;
     void stop() override;
+    void finish() override;
     void broadcast(SharedBytes sentence) override;
     void limitClients(std::int64_t limit) override;
     void dropAllClients() override;

@@ -34,6 +34,9 @@ public:
     /// How many sentences `tape` dropped before anything of them had left.
     std::uint64_t missedSentences(const SentenceTape& tape) const;
 
+    /// Whether everything on `tape` has left.
+    bool isAtEndOf(const SentenceTape& tape) const { return !begun_ && next_ == tape.end(); }
+
     /// What remains of the sentence of which a part has left; empty between sentences.
     std::string_view remainder() const;
 

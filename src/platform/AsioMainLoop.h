@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "platform/MainLoop.h"
@@ -17,6 +18,16 @@ public:
     [[nodiscard]] Subscription every(Duration period, Task task) override;
     void after(Duration delay, Task task) override;
     void post(Task task) override;
+
+    /// Repeating timers stand still until resume(), as if the thread were held up; everything else
+    /// goes on.
+    void hold();
+    void resume();
+
+    /// From now on an interrupt (SIGINT, SIGTERM), but not one that the program was started to
+    /// ignore, calls `task` with its number, once, instead of ending the program. The next one ends
+    /// it.
+    void onInterrupt(std::function<void(int signal)> task);
 
     /// Runs tasks on the calling thread until stop() is called.
     void run();

@@ -154,6 +154,70 @@ TEST_F(GatewaySimulatorTest, namesTheOneOutputThatIsOn) {
     EXPECT_FALSE(host.udp->sentences.empty());
 }
 
+/// A gateway whose sentences also go into a file.
+struct RecordedGatewayTest : testing::Test {
+    platform::VirtualMainLoop loop{GatewayFixture::noon};
+    ScriptedRandom random;
+    PretendHost host;
+    std::vector<std::string> recorded;
+    Assembly assembly{recordedHost()};
+
+    Host recordedHost() {
+        Host made = host.host(loop, random);
+        made.record = [this](const network::SharedBytes& each) { recorded.push_back(*each); };
+        return made;
+    }
+};
+
+TEST_F(RecordedGatewayTest, recordsEachSentenceOnceAsItLeavesDelivery) {
+    assembly.config.tagBlock = true;
+    assembly.faults.packetLossPercent = 30;
+    random.wholeNumbers[100] = {10, 90, 10, 90};
+    assembly.gateway.start();
+    loop.advance(10s);
+    EXPECT_EQ(recorded, host.tcp->sentences);
+    EXPECT_EQ(recorded.size(), assembly.gateway.sentSentences());
+}
+
+TEST_F(RecordedGatewayTest, countsTheFileAsAnOutput) {
+    assembly.config.tcpEnabled = false;
+    assembly.config.udpEnabled = false;
+    assembly.gateway.start();
+    EXPECT_TRUE(assembly.gateway.isRunning);
+    EXPECT_FALSE(assembly.gateway.isSilent());
+    EXPECT_EQ(assembly.gateway.consoleLines().back().text, "Simulation démarrée — fichier");
+    loop.advance(1s);
+    EXPECT_FALSE(recorded.empty());
+}
+
+TEST(FreePortTest, takesThePortThatTheSystemPicksAndKeepsIt) {
+    platform::VirtualMainLoop loop;
+    ScriptedRandom random;
+    PretendHost host;
+    Host picking = host.host(loop, random);
+    picking.picksTcpPort = true;
+    Assembly assembly(std::move(picking));
+    host.tcp->freePort = 51234;
+    assembly.gateway.start();
+    EXPECT_EQ(assembly.config.tcpPort, 51234);
+    assembly.gateway.stop();
+    assembly.gateway.start();
+    EXPECT_EQ(host.tcp->startedPorts, (std::vector<std::uint16_t>{0, 51234}));
+}
+
+TEST(FreePortTest, saysThatThereIsNone) {
+    platform::VirtualMainLoop loop;
+    ScriptedRandom random;
+    PretendHost host;
+    Host picking = host.host(loop, random);
+    picking.picksTcpPort = true;
+    Assembly assembly(std::move(picking));
+    host.tcp->freePort = std::nullopt;
+    assembly.gateway.start();
+    EXPECT_FALSE(assembly.gateway.isRunning);
+    EXPECT_EQ(assembly.gateway.lastError, "TCP : aucun port libre.");
+}
+
 TEST_F(GatewaySimulatorTest, broadcastsToTheInterfaceFoundAtTheStart) {
     host.interface = network::LocalInterface{"wlan0", "Wi-Fi", "10.0.5.9", "10.0.255.255"};
     config.udpPort = 10110;

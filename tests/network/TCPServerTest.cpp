@@ -411,6 +411,28 @@ TEST_F(TCPServerTest, sendsWhatItWasGivenBeforeItStops) {
     EXPECT_TRUE(client.endedCleanly());
 }
 
+TEST_F(TCPServerTest, letsWhoReadsHaveEverythingWhenItFinishes) {
+    start();
+    auto client = connect({.receiveBufferBytes = 4096});
+    constexpr int count = 6000;
+    for (int i = 0; i < count; ++i) broadcast(numbered(i));
+    std::string received;
+    std::thread reader([&] { received = client.readToEnd(); });
+    server->finish();
+    reader.join();
+    EXPECT_TRUE(client.endedCleanly());
+    EXPECT_THAT(numbersIn(received), SizeIs(count));
+}
+
+TEST_F(TCPServerTest, finishesWithoutWhoNeverReads) {
+    start();
+    const auto sleeper = connect({.receiveBufferBytes = 4096});
+    for (int i = 0; i < 100'000; ++i) broadcast(numbered(i));
+    server->finish();
+    EXPECT_THAT(listed(), SizeIs(1));
+    waitForClients(0);
+}
+
 TEST_F(TCPServerTest, endsEveryStreamCleanlyWhenItDropsItsClients) {
     start();
     auto first = connect();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <thread>
 #include <vector>
 
@@ -43,6 +44,47 @@ TEST_F(AsioMainLoopTest, skipsTheTurnsThatItMissed) {
     });
     run();
     EXPECT_GE(loop.now() - start, 120ms);
+}
+
+TEST_F(AsioMainLoopTest, standsStillWhileHeldButForWhatIsPostedOrDelayed) {
+    int rung = 0;
+    const Subscription timer = loop.every(1ms, [&] { ++rung; });
+    loop.hold();
+    bool isPosted = false;
+    loop.post([&] { isPosted = true; });
+    loop.after(30ms, [&] {
+        EXPECT_EQ(rung, 0);
+        EXPECT_TRUE(isPosted);
+        loop.resume();
+        loop.after(30ms, [&] { loop.stop(); });
+    });
+    run();
+    EXPECT_GT(rung, 0);
+    EXPECT_LE(rung, 35);
+}
+
+TEST_F(AsioMainLoopTest, takesTheFirstInterruptAndLeavesTheNextToTheSystem) {
+    int taken = 0;
+    loop.onInterrupt([&](int signal) {
+        taken = signal;
+        loop.stop();
+    });
+    loop.post([] { std::raise(SIGTERM); });
+    run();
+    EXPECT_EQ(taken, SIGTERM);
+    EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
+    EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_DFL);
+}
+
+TEST_F(AsioMainLoopTest, leavesAnInterruptAloneThatTheProgramWasStartedToIgnore) {
+    std::signal(SIGINT, SIG_IGN);
+    bool isTaken = false;
+    loop.onInterrupt([&](int) { isTaken = true; });
+    loop.post([] { std::raise(SIGINT); });
+    loop.after(20ms, [&] { loop.stop(); });
+    run();
+    EXPECT_FALSE(isTaken);
+    EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_IGN);
 }
 
 TEST_F(AsioMainLoopTest, runsWhatOtherThreadsPostInOrder) {
