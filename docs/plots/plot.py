@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Draws the pictures of docs/simulation.md from what a client receives: plot.py LOGBOOK FOLDER"""
+"""Draws the pictures of docs/simulation.md from what a client receives: plot.py PROGRAM FOLDER"""
 
 import io
 import math
@@ -17,7 +17,7 @@ matplotlib.use("svg")
 import matplotlib.pyplot as plt  # noqa: E402 (the backend comes first)
 from matplotlib.lines import Line2D  # noqa: E402
 
-LOGBOOK, FOLDER = sys.argv[1], pathlib.Path(sys.argv[2])
+PROGRAM, FOLDER = sys.argv[1], pathlib.Path(sys.argv[2])
 COURSES = 44, 62, 90, 118, 150  # degrees off the wind that the programme steers, about
 METRES, MILES = 111320, 60  # in a degree of latitude
 PAGE = pathlib.Path(__file__).parent.parent / "simulation.md"
@@ -59,17 +59,21 @@ def read(seen, name, fields):
         seen.depth = float(fields[0])
 
 
-def record(*arguments):
+def record(minutes, *arguments):
     """One row for each second of a run, from the first step on: what the sentences said last."""
-    done = subprocess.run([LOGBOOK, "--times", "--ais", "0", *map(str, arguments)],
-                          capture_output=True, text=True, check=True)
-    seen, rows = SimpleNamespace(), []
+    run = ["--headless", "--seed", "1", "--start", "2026-06-01T12:00:00Z", "--speed", "max",
+           "--duration", f"{minutes}m", "--output", "-", "--ais", "0",
+           "--set", "network.tag-block=true"]
+    done = subprocess.run([PROGRAM, *run, *arguments], capture_output=True, text=True, check=True)
+    seen, rows, start = SimpleNamespace(), [], None
     for line in done.stdout.splitlines():
-        time, sentence = line.split(" ")
+        _, tag, sentence = line.split("\\")
+        time = int(re.search(r"c:(\d+)", tag)[1])
+        start = time if start is None else start
         name, fields = sentence[3:6], sentence.split("*")[0].split(",")[1:]
         read(seen, name, fields)
         if name == "DPT":
-            seen.minutes = float(time) / 60
+            seen.minutes = (time - start) / 60000
             rows.append(SimpleNamespace(**vars(seen)))
     return rows[1:]
 
@@ -107,7 +111,7 @@ def save(figure, name):
 
 
 def sailing():
-    rows = record("--mode", "sailing", "--minutes", 180, "--seed", 1)[::10]
+    rows = record(180)[::10]
     figure = plt.figure(figsize=(10, 6.2), layout="constrained")
     grid = figure.add_gridspec(4, 2, width_ratios=(0.85, 1))
     track = figure.add_subplot(grid[:, 0], aspect="equal", adjustable="datalim")
@@ -143,15 +147,17 @@ def sailing():
 
 
 def anchor():
-    watches = {"Steady wind": [[], ["--slack"]],
-               "Shifting wind": [["--shifting"], ["--shifting", "--slack"]],
-               "Dragging at 0.4 kn": [["--dragging"]]}
+    slack_chain = ["--set", "anchor.chain-taut=false"]
+    shifting = ["--set", "anchor.shifting-wind=true"]
+    watches = {"Steady wind": [[], slack_chain],
+               "Shifting wind": [shifting, shifting + slack_chain],
+               "Dragging at 0.4 kn": [["--set", "anchor.dragging=true"]]}
     figure, axes = plt.subplots(3, 3, figsize=(10, 7.6), layout="constrained",
                                 height_ratios=(2.2, 1, 1))
     for (name, runs), (swing, direction, speed) in zip(watches.items(), axes.T):
         for options in runs:
-            slack = "--slack" in options
-            rows = record("--mode", "anchor", "--minutes", 20, *options)
+            slack = slack_chain[1] in options
+            rows = record(20, "--set", "boat.mode=anchor", *options)
             draw_swing(swing, rows, 45 * (0.28 if slack else 0.82), SLACK if slack else BOAT)
             first = rows[:300]
             minutes = column(first, "minutes")
@@ -210,7 +216,7 @@ def polar():
     for wind, colour in WINDS.items():
         axes.plot(numpy.radians(every), numpy.interp(abs(every), angles, table[wind]), color=colour,
                   label=f"{wind} kn")
-        rows = record("--minutes", 360, "--no-steps", "--wind-range", f"{wind - 0.5}-{wind + 0.5}")
+        rows = record(360, "--no-steps", "--wind-range", f"{wind - 0.5}-{wind + 0.5}")
         for angle, speed in steady(rows, wind):
             axes.plot(math.radians(angle), speed, "o", color=colour, markersize=5)
     axes.set(ylim=(0, 10), yticks=range(2, 9, 2), xticks=numpy.radians(range(0, 360, 30)),

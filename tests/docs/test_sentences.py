@@ -9,13 +9,14 @@ import sys
 import unittest
 
 PAGE = pathlib.Path(sys.argv.pop(1)).read_text(encoding="utf-8")
+EMULATOR = os.environ.get("TIDEWRIGHT_EMULATOR", "").split()
 LINES = re.compile(r"^[$!].*\*[0-9A-F]{2}$", re.MULTILINE)
 
 
 def run():
     """What the command on the page sends."""
-    arguments = re.search(r"^ +tidewright_logbook (.*)$", PAGE, re.MULTILINE)[1].split()
-    done = subprocess.run([os.environ["TIDEWRIGHT_LOGBOOK"], *arguments],
+    arguments = re.search(r"^ +tidewright (--headless .*)$", PAGE, re.MULTILINE)[1].split()
+    done = subprocess.run([*EMULATOR, os.environ["TIDEWRIGHT_PROGRAM"], *arguments],
                           capture_output=True, text=True, check=True)
     return done.stdout.split("\n")[:-1]
 

@@ -1,7 +1,7 @@
-"""test_same_run.py ARGUMENTS...: the logbook of this build and that of the reference build, both run
-with ARGUMENTS, print the same bytes.
+"""test_same_run.py ARGUMENTS...: the program of this build and that of the reference build, both run
+for a day with ARGUMENTS, record the same bytes.
 
-TIDEWRIGHT_LOGBOOK and TIDEWRIGHT_REFERENCE_LOGBOOK name the two; TIDEWRIGHT_EMULATOR is the command
+TIDEWRIGHT_PROGRAM and TIDEWRIGHT_REFERENCE_PROGRAM name the two; TIDEWRIGHT_EMULATOR is the command
 that runs the first where it was built for another machine.
 """
 
@@ -10,6 +10,8 @@ import subprocess
 import sys
 
 EMULATOR = os.environ.get("TIDEWRIGHT_EMULATOR", "").split()
+DAY = ["--headless", "--seed", "1", "--start", "2026-06-01T12:00:00Z", "--duration", "24h",
+       "--speed", "max", "--set", "network.tag-block=true", "--output", "-"]
 PIECE = 1 << 20  # bytes
 
 
@@ -31,9 +33,9 @@ def difference(ours, theirs):
 
 
 def main():
-    commands = ([*EMULATOR, os.environ["TIDEWRIGHT_LOGBOOK"]],
-                [os.environ["TIDEWRIGHT_REFERENCE_LOGBOOK"]])
-    ours, theirs = (subprocess.Popen([*command, *sys.argv[1:]], stdout=subprocess.PIPE)
+    commands = ([*EMULATOR, os.environ["TIDEWRIGHT_PROGRAM"]],
+                [os.environ["TIDEWRIGHT_REFERENCE_PROGRAM"]])
+    ours, theirs = (subprocess.Popen([*command, *DAY, *sys.argv[1:]], stdout=subprocess.PIPE)
                     for command in commands)
     with ours, theirs:
         found, size = difference(ours.stdout, theirs.stdout)
