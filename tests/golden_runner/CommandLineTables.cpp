@@ -51,8 +51,7 @@ std::string bannerOf(const Row& row, const Arguments& arguments, PretendHost pre
     std::string written;
     const app::HeadlessRunner runner(
         arguments, pretend.host(loop, random),
-        {.write = [&](std::string_view text) { written += text; }, .end = [](int) {}},
-        {});
+        {.write = [&](std::string_view text) { written += text; }, .end = [](int) {}}, {});
     expectSettings(row, runner.assembly().config, runner.assembly().engine);
     return written;
 }
