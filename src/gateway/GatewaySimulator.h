@@ -117,6 +117,9 @@ public:
     /// while the stream is cut.
     void relay(std::vector<std::string> lines);
 
+    /// Whether delivery still holds sentences back, which leave later.
+    bool holdsSentences() const { return !delivery_.isEmpty(); }
+
     // What its timers call, every pumpPeriod, statisticsPeriod and disconnectPeriod.
 
     /// Sends the families that are due.
