@@ -83,7 +83,10 @@ TEST(SentenceTimeTest, findsNoUtcInOtherLines) {
 }
 
 TEST(SentenceTimeTest, takesAnyBytes) {
-    const std::string_view withNul("$GPRMC,12\0519,A", 15);
+    const std::string_view withNul(
+        "$GPRMC,12\0"
+        "519,A",
+        15);
     EXPECT_EQ(timeOfDay(withNul), std::nullopt);
     EXPECT_EQ(timeOfDay("$GPRMC,\xFF\xFE\x80\x81\x82\x83,A"), std::nullopt);
     EXPECT_EQ(tagBlockTime("\\c:\xFF*00\\"), std::nullopt);

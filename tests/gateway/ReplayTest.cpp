@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <optional>
+#include <ostream>
 #include <vector>
 
 #include "gateway/Assembly.h"
@@ -34,8 +35,8 @@ struct Sent {
     bool operator==(const Sent&) const = default;
 };
 
-void PrintTo(const Sent& sent, std::ostream* out) {
-    *out << sent.time.count() << " ms: " << sent.text;
+std::ostream& operator<<(std::ostream& out, const Sent& sent) {
+    return out << sent.time.count() << " ms: " << sent.text;
 }
 
 /// A gateway without a boat, and a source of lines, on a machine whose time passes when the test
@@ -150,6 +151,16 @@ TEST_F(ReplayTest, goesOnUnheardWhileTheStreamIsCut) {
     EXPECT_THAT(textsDuring(150ms), IsEmpty());
     assembly->faults.stopStream = false;
     EXPECT_THAT(sentDuring(1s), ElementsAre(Sent{200ms, "c\r\n"}));
+}
+
+TEST_F(ReplayTest, isNotSilentForWantOfFamilies) {
+    for (const auto& setting : assembly->settings.all())
+        if (setting.name.starts_with("rates.")) setting.write(*setting.parse("0"));
+    assembly->gateway.stop();
+    assembly->gateway.start();
+    EXPECT_FALSE(assembly->gateway.isSilent());
+    assembly->faults.stopStream = true;
+    EXPECT_TRUE(assembly->gateway.isSilent());
 }
 
 TEST_F(ReplayTest, endsOnceTheLastLineHasLeft) {

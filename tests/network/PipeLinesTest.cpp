@@ -12,7 +12,6 @@ namespace tidewright::network {
 namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 struct PipeLinesTest : testing::Test {
     platform::AsioMainLoop loop;

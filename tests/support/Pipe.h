@@ -21,7 +21,7 @@ public:
 
     ~Pipe() {
         close();
-        FileDescriptor{ends_[0]};
+        takeReader();
     }
 
     int reader() const { return ends_[0]; }
@@ -35,7 +35,7 @@ public:
     }
 
     /// Ends what is written.
-    void close() { FileDescriptor{std::exchange(ends_[1], -1)}; }
+    void close() { FileDescriptor(std::exchange(ends_[1], -1)).close(); }
 
     void doNotBlock() const { ::fcntl(ends_[0], F_SETFL, O_NONBLOCK); }
 

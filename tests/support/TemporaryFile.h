@@ -16,7 +16,7 @@ namespace tidewright::network {
 class TemporaryFile {
 public:
     explicit TemporaryFile(std::string_view content = {}) {
-        FileDescriptor{::mkstemp(path_.data())};
+        const FileDescriptor file(::mkstemp(path_.data()));
         append(content);
     }
     TemporaryFile(const TemporaryFile&) = delete;
