@@ -8,6 +8,7 @@
 #include <utility>
 #include <variant>
 
+#include "network/ReplayFile.h"
 #include "platform/AsioMainLoop.h"
 #include "platform/StandardError.h"
 #include "platform/SystemRandom.h"
@@ -46,6 +47,7 @@ HeadlessRunner::HeadlessRunner(const Arguments& arguments, gateway::Host host, T
     if (!openRecording()) return;
     if (run_.clock && run_.plan.duration)
         run_.clock->firstAfter(*run_.plan.duration, [this] { finish(0); });
+    beginReplay();
     assembly_.gateway.start();
     terminal_.write(banner());
     watchTimer_ = machineLoop_.every(1s, [this] { watch(); });
@@ -54,6 +56,7 @@ HeadlessRunner::HeadlessRunner(const Arguments& arguments, gateway::Host host, T
 gateway::Host HeadlessRunner::equipped(gateway::Host host) {
     if (run_.plan.output)
         host.record = [this](const network::SharedBytes& sentence) { record(sentence); };
+    host.replays = run_.plan.replay.has_value();
     host.picksTcpPort = run_.plan.picksTcpPort;
     if (run_.clock) host.utcOffset = [](platform::WallTime) { return 0s; };
     return host;
@@ -94,11 +97,20 @@ bool HeadlessRunner::openRecording() {
         std::get<network::OutputFile>(std::move(opened)), machineLoop_,
         network::Recorder::Reports{
             .failed = [this](const network::OutputFile::Failure& why) { endRecording(why); },
-            .hasRoom =
-                [this] {
-                    if (!isOver_) run_.resume();
-                }});
+            .hasRoom = [this] { goOnRecording(); }});
     return true;
+}
+
+void HeadlessRunner::beginReplay() {
+    if (!run_.replay) return;
+    const auto ended = [this](bool hadLines) {
+        if (hadLines) return finish(0);
+        fail(2, fmt::format("{} ne contient aucune ligne.", *run_.plan.replay));
+    };
+    replay_ = std::make_unique<gateway::Replay>(
+        *run_.clock, assembly_.gateway, std::move(run_.replay),
+        gateway::Replay::Options{
+            .loops = run_.plan.loopsReplay, .holdsRun = run_.plan.isUnpaced(), .ended = ended});
 }
 
 bool HeadlessRunner::hasNetwork() const {
@@ -114,15 +126,19 @@ void HeadlessRunner::record(const network::SharedBytes& sentence) {
         return recorder_->drop();
     }
     recorder_->record(sentence);
-    if (recorder_->isFull() && !hasNetwork()) run_.hold();
+    if (!recorder_->isFull() || hasNetwork() || std::exchange(isHeldForReader_, true)) return;
+    run_.hold();
+}
+
+void HeadlessRunner::goOnRecording() {
+    if (std::exchange(isHeldForReader_, false)) run_.resume();
 }
 
 void HeadlessRunner::endRecording(const network::OutputFile::Failure& why) {
     if (why.hasReaderLeft && run_.plan.output == "-") return finish(0);
     if (isOver_) return;
-    terminal_.write(errorLine(fmt::format("L'enregistrement dans {} s'arrête : {}",
-                                          nameOf(*run_.plan.output), why.reason)));
-    finish(1);
+    fail(1, fmt::format("L'enregistrement dans {} s'arrête : {}", nameOf(*run_.plan.output),
+                        why.reason));
 }
 
 void HeadlessRunner::finish(int status) {
@@ -167,8 +183,9 @@ std::string HeadlessRunner::banner() const {
         text +=
             fmt::format("  UDP  {}{}:{}\n", assembly_.gateway.broadcastsUdp() ? "broadcast " : "",
                         assembly_.gateway.udpDestination(), config.udpPort.get());
-    text += config.ais ? fmt::format("  AIS  {} targets\n", config.aisTargetCount.get())
-                       : "  AIS  off\n";
+    const bool sendsAis = config.ais && !run_.plan.replay;
+    text +=
+        sendsAis ? fmt::format("  AIS  {} targets\n", config.aisTargetCount.get()) : "  AIS  off\n";
     return text + runLines() + "  Ctrl-C pour arrêter.\n";
 }
 
@@ -193,9 +210,8 @@ void HeadlessRunner::watch() {
 }
 
 void HeadlessRunner::fail(int status, const std::string& why) {
-    isOver_ = true;
     terminal_.write(errorLine(why));
-    endWhenRecorded(status);
+    finish(status);
 }
 
 int HeadlessRunner::run(const Arguments& arguments) {
@@ -221,6 +237,14 @@ int HeadlessRunner::run(const Arguments& arguments) {
                .clock = &*clock,
                .hold = [&clock] { clock->hold(); },
                .resume = [&clock] { clock->resume(); }};
+    }
+    if (plan.replay) {
+        auto opened = network::openReplay(*plan.replay, *clock);
+        if (const auto* why = std::get_if<std::string>(&opened)) {
+            platform::writeStandardError(errorLine(*why));
+            return 2;
+        }
+        run.replay = std::get<std::unique_ptr<network::LineSource>>(std::move(opened));
     }
     auto host = gateway::Host::machine(
         clock ? static_cast<platform::MainLoop&>(*clock) : machine, machine,

@@ -9,6 +9,8 @@
 #include "app/CommandLine.h"
 #include "app/RunPlan.h"
 #include "gateway/Assembly.h"
+#include "gateway/Replay.h"
+#include "network/LineSource.h"
 #include "network/Recorder.h"
 #include "platform/PacedMainLoop.h"
 
@@ -27,7 +29,8 @@ public:
     struct Run {
         RunPlan plan = {};
         platform::PacedMainLoop* clock = nullptr;  ///< the host's loop; null: the machine's clock
-        std::function<void()> hold = [] {};        ///< makes the run stand still
+        std::unique_ptr<network::LineSource> replay = nullptr;  ///< what the plan names
+        std::function<void()> hold = [] {};                     ///< makes the run stand still
         std::function<void()> resume = [] {};
     };
 
@@ -55,6 +58,8 @@ private:
     gateway::Host equipped(gateway::Host host);
     std::optional<std::string> apply(const Arguments& arguments);
     bool openRecording();
+    void beginReplay();
+    void goOnRecording();
     bool hasNetwork() const;
     void record(const network::SharedBytes& sentence);
     void endRecording(const network::OutputFile::Failure& why);
@@ -69,7 +74,9 @@ private:
     Run run_;
     gateway::Assembly assembly_;
     std::unique_ptr<network::Recorder> recorder_;
+    std::unique_ptr<gateway::Replay> replay_;
     platform::Subscription watchTimer_;
+    bool isHeldForReader_ = false;
     bool isOver_ = false;
 };
 

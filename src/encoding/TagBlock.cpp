@@ -16,7 +16,17 @@ std::string tagBlock(platform::WallTime time) {
 }
 
 bool hasTagBlock(std::string_view sentence) {
-    return sentence.starts_with('\\');
+    return tagBlockSize(sentence) > 0;
+}
+
+std::size_t tagBlockSize(std::string_view sentence) {
+    std::size_t size = 0;
+    while (size < sentence.size() && sentence[size] == '\\') {
+        const auto end = sentence.find('\\', size + 1);
+        if (end == std::string_view::npos) break;
+        size = end + 1;
+    }
+    return size;
 }
 
 }  // namespace tidewright::encoding

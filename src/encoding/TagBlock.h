@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -18,5 +19,9 @@ std::string tagBlock(platform::WallTime time);
 
 /// Whether `sentence` brings a TAG block of its own.
 bool hasTagBlock(std::string_view sentence);
+
+/// How many bytes the TAG blocks in front of `sentence` take, their backslashes included; 0 where
+/// there is none. A backslash without a second one begins none.
+std::size_t tagBlockSize(std::string_view sentence);
 
 }  // namespace tidewright::encoding

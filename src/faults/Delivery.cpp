@@ -33,8 +33,12 @@ void Delivery::sendLater(std::string sentence) {
     const std::int64_t latency = faults_.latencyMs;
     platform::check(latency <= std::chrono::milliseconds::max().count() / 1'000'000,
                     "a latency must be countable in nanoseconds");
+    ++waiting_;
     loop_.after(std::chrono::milliseconds(latency),
-                lifetime_.guard([this, sentence = std::move(sentence)] { send_(sentence); }));
+                lifetime_.guard([this, sentence = std::move(sentence)] {
+                    --waiting_;
+                    send_(sentence);
+                }));
 }
 
 }  // namespace tidewright::faults

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -24,6 +25,9 @@ public:
     /// Nothing takes back a sentence that waits.
     void deliver(std::vector<std::string> sentences);
 
+    /// Whether no sentence waits any more.
+    bool isEmpty() const { return waiting_ == 0; }
+
 private:
     bool isLost();
     void sendLater(std::string sentence);
@@ -32,6 +36,7 @@ private:
     platform::RandomSource& lossDraws_;
     const FailureInjection& faults_;
     Send send_;
+    std::size_t waiting_ = 0;  // sentences
     platform::Lifetime lifetime_;
 };
 

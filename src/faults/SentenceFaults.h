@@ -13,8 +13,9 @@ public:
     /// `faults` must outlive this.
     explicit SentenceFaults(const FailureInjection& faults) : faults_(faults) {}
 
-    /// The framed sentences of one emission, as the faults leave them: all of them met the same
-    /// faults.
+    /// The sentences of one emission, with their line ends, as the faults leave them: all of them
+    /// met the same faults. They may hold any bytes, sentences or not; what a fault needs and does
+    /// not find, it leaves alone, and so do all of them a TAG block in front.
     std::vector<std::string> apply(std::vector<std::string> sentences) const;
 
 private:

@@ -16,6 +16,19 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+bool continuesACharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// `text`, or its beginning where it is too long, up to the end of a UTF-8 character.
+std::string shortened(std::string_view text) {
+    constexpr std::size_t longestTail = 3;  // of the bytes after a character's first
+    if (text.size() <= ConsoleLog::longestText) return std::string(text);
+    std::size_t end = ConsoleLog::longestText;
+    while (end > ConsoleLog::longestText - longestTail && continuesACharacter(text[end])) --end;
+    return std::string(text.substr(0, end)) + "…";
+}
+
 std::string clockText(platform::WallTime local) {
     const auto seconds = std::chrono::floor<std::chrono::seconds>(local);
     const std::chrono::hh_mm_ss clock(seconds - std::chrono::floor<std::chrono::days>(seconds));
@@ -38,7 +51,7 @@ void ConsoleLog::append(platform::WallTime now, std::string_view transport, std:
     lines_.push_back({.id = {high, low},
                       .time = clockText(now + utcOffset_(now)),
                       .transport = std::string(transport),
-                      .text = std::string(trimmed(text)),
+                      .text = shortened(trimmed(text)),
                       .missedBefore = std::exchange(missedSinceLast_, 0)});
     ++appendedCount_;
     if (lines_.size() > capacity) lines_.pop_front();

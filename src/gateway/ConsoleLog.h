@@ -24,7 +24,7 @@ struct ConsoleLine {
     ConsoleLineId id;
     std::string time;                ///< local, "HH:mm:ss"
     std::string transport;           ///< "SYS", "TCP" or "UDP"
-    std::string text;                ///< without white space at its ends
+    std::string text;                ///< without white space at its ends, shortened
     std::uint64_t missedBefore = 0;  ///< lines that were to be logged right before it, and were not
 
     /// As it is copied: "14:03:27 TCP > text".
@@ -35,6 +35,9 @@ struct ConsoleLine {
 class ConsoleLog {
 public:
     static constexpr std::size_t capacity = 600;
+
+    /// In bytes. What is longer is cut there, at a character's end, and "…" follows.
+    static constexpr std::size_t longestText = 1024;
 
     /// `random` must outlive this.
     ConsoleLog(platform::RandomSource& random, platform::UtcOffset utcOffset);

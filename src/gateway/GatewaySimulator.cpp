@@ -77,8 +77,9 @@ void GatewaySimulator::end(void (network::StreamServer::*endStream)()) {
 bool GatewaySimulator::isSilent() const {
     const bool anyOutput = (outputs_.tcp && config_.tcpEnabled) ||
                            (outputs_.udp && config_.udpEnabled) || host_.record;
-    return isRunning && (faults_.stopStream || faults_.packetLossPercent >= 100 || !anyOutput ||
-                         schedule_.entries().empty());
+    const bool anySource = host_.replays || !schedule_.entries().empty();
+    return isRunning &&
+           (faults_.stopStream || faults_.packetLossPercent >= 100 || !anyOutput || !anySource);
 }
 
 void GatewaySimulator::regenerateAIS() {

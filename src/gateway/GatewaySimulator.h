@@ -72,8 +72,8 @@ public:
     const ThroughputMeter& throughput() const { return throughput_; }
     const AISReports& aisReports() const { return aisReports_; }
 
-    /// Whether it emits, and yet nothing that a family writes can reach the network: the stream is
-    /// cut, everything is lost, or no open output is switched on.
+    /// Whether it emits, and yet nothing that a family or a replay writes can reach the network:
+    /// the stream is cut, everything is lost, no open output is switched on, or no family is.
     bool isSilent() const;
 
     /// Where the boat really was in this run or the last, a point a second; begins at home.
@@ -119,6 +119,9 @@ public:
     /// had: the faults of sentences and of delivery act on them. Does nothing while stopped or
     /// while the stream is cut.
     void relay(std::vector<std::string> lines);
+
+    /// Whether delivery still holds sentences back, which leave later.
+    bool holdsSentences() const { return !delivery_.isEmpty(); }
 
     // What its timers call, every pumpPeriod, statisticsPeriod and disconnectPeriod.
 

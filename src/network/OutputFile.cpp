@@ -68,18 +68,11 @@ std::variant<OutputFile, OutputFile::Failure> OutputFile::open(const std::string
                                : ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC,
                                         everybodyAsTheMaskSays);
     if (descriptor < 0) return failure(errno);
-    return OutputFile(descriptor);
+    return OutputFile(FileDescriptor(descriptor));
 }
 
-OutputFile::OutputFile(int descriptor)
-    : descriptor_(descriptor), isRegular_(isRegularFile(descriptor)) {}
-
-OutputFile::OutputFile(OutputFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), isRegular_(other.isRegular_) {}
-
-OutputFile::~OutputFile() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-}
+OutputFile::OutputFile(FileDescriptor descriptor)
+    : descriptor_(std::move(descriptor)), isRegular_(isRegularFile(descriptor_.number())) {}
 
 std::optional<OutputFile::Failure> OutputFile::write(std::string_view sentences,
                                                      const std::atomic<bool>& isAbandoned) const {
@@ -89,15 +82,15 @@ std::optional<OutputFile::Failure> OutputFile::write(std::string_view sentences,
 std::optional<OutputFile::Failure> OutputFile::writeToFile(std::string_view sentences) const {
     std::size_t done = 0;
     while (done < sentences.size()) {
-        const ssize_t written = writeSome(descriptor_, sentences.substr(done));
+        const ssize_t written = writeSome(descriptor_.number(), sentences.substr(done));
         if (written >= 0) {
             done += static_cast<std::size_t>(written);
             continue;
         }
         const Failure why = failure(errno);
         const auto surplus = static_cast<off_t>(done - endOfSentences(sentences, done));
-        const off_t end = ::lseek(descriptor_, 0, SEEK_CUR);
-        if (surplus > 0 && end >= surplus) (void)!::ftruncate(descriptor_, end - surplus);
+        const off_t end = ::lseek(descriptor_.number(), 0, SEEK_CUR);
+        if (surplus > 0 && end >= surplus) (void)!::ftruncate(descriptor_.number(), end - surplus);
         return why;
     }
     return std::nullopt;
@@ -107,14 +100,14 @@ std::optional<OutputFile::Failure> OutputFile::writeToFile(std::string_view sent
 /// enough.
 std::optional<OutputFile::Failure> OutputFile::writeToReader(
     std::string_view sentences, const std::atomic<bool>& isAbandoned) const {
-    pollfd room{.fd = descriptor_, .events = POLLOUT, .revents = 0};
+    pollfd room{.fd = descriptor_.number(), .events = POLLOUT, .revents = 0};
     while (!sentences.empty()) {
         const int ready = ::poll(&room, 1, betweenLooksMs);
         if (ready == 0 && isAbandoned) return std::nullopt;
         if (ready <= 0) continue;
         const auto whole = endOfSentences(sentences, PIPE_BUF);
         const ssize_t written =
-            writeSome(descriptor_, sentences.substr(0, whole > 0 ? whole : PIPE_BUF));
+            writeSome(descriptor_.number(), sentences.substr(0, whole > 0 ? whole : PIPE_BUF));
         if (written < 0 && errno != EAGAIN) return failure(errno);
         if (written > 0) sentences.remove_prefix(static_cast<std::size_t>(written));
     }

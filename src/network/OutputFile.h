@@ -6,6 +6,8 @@
 #include <string_view>
 #include <variant>
 
+#include "network/FileDescriptor.h"
+
 namespace tidewright::network {
 
 /// A file, a pipe or the standard output that whole sentences are written into.
@@ -20,9 +22,6 @@ public:
     /// Opens `path` and empties it; "-" is the standard output. Why it cannot, in French, else.
     static std::variant<OutputFile, Failure> open(const std::string& path);
 
-    OutputFile(OutputFile&& other) noexcept;
-    ~OutputFile();
-
     /// Writes sentences, each with its CR LF, and waits as long as a reader needs to take them, or
     /// until `isAbandoned`. Where they cannot all be written, what was written ends with a whole
     /// sentence, as far as the system lets that be mended.
@@ -30,13 +29,13 @@ public:
                                  const std::atomic<bool>& isAbandoned) const;
 
 private:
-    explicit OutputFile(int descriptor);
+    explicit OutputFile(FileDescriptor descriptor);
 
     std::optional<Failure> writeToFile(std::string_view sentences) const;
     std::optional<Failure> writeToReader(std::string_view sentences,
                                          const std::atomic<bool>& isAbandoned) const;
 
-    int descriptor_;
+    FileDescriptor descriptor_;
     bool isRegular_;
 };
 

@@ -21,6 +21,8 @@ namespace {
 
 constexpr auto patience = std::chrono::milliseconds(200);
 
+constexpr std::size_t largestDatagram = 65'507;  // over IPv4: 65,535 less both headers
+
 bool isFull(const asio::error_code& error) {
     return error == asio::error::would_block || error == asio::error::try_again;
 }
@@ -67,6 +69,10 @@ struct UDPBroadcaster::Core {
 
     void send(SharedBytes sentence) {
         if (!socket.is_open()) return;
+        if (sentence->size() > largestDatagram) {
+            ++droppedBySocket;
+            return;
+        }
         droppedBySocket += backlog.add(std::move(sentence));
         if (!awaitsRoom) sendBacklog();
     }

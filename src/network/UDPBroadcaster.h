@@ -10,9 +10,9 @@ namespace tidewright::network {
 /// it.
 ///
 /// Datagrams wait for a socket that is full, 1 MiB of them at most; beyond it the oldest are
-/// dropped and counted. One that cannot be sent at all, where the network is gone for instance, is
-/// lost, and the next one is tried all the same. stop() waits 0.2 s at most for what waits to
-/// leave, and drops and counts the rest.
+/// dropped and counted, as is a sentence that no datagram can hold (65,507 bytes). One that cannot
+/// be sent at all, where the network is gone for instance, is lost, and the next one is tried all
+/// the same. stop() waits 0.2 s at most for what waits to leave, and drops and counts the rest.
 class UDPBroadcaster final : public DatagramSender {
 public:
     /// Where start() sends to: `broadcast` itself if it is an IPv4 address in dotted-decimal text,

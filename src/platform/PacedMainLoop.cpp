@@ -53,11 +53,12 @@ void PacedMainLoop::post(Task task) {
 }
 
 void PacedMainLoop::hold() {
-    isHeld_ = true;
+    ++holds_;
 }
 
 void PacedMainLoop::resume() {
-    if (!std::exchange(isHeld_, false)) return;
+    check(holds_ > 0, "a run that is resumed must be held");
+    if (--holds_ > 0) return;
     keepStepFrom(time_.now());
     awaited_.reset();
     awaitNextDue();
@@ -66,7 +67,7 @@ void PacedMainLoop::resume() {
 /// Runs what is due, instant by instant, then waits for what is next.
 void PacedMainLoop::step() {
     isStepping_ = true;
-    for (int i = 0; i < instantsATurn && !isHeld_; ++i) {
+    for (int i = 0; i < instantsATurn && holds_ == 0; ++i) {
         const auto due = time_.nextDue();
         if (!due) break;
         const auto lateness = machine_.now() - machineTimeOf(*due);
@@ -80,7 +81,7 @@ void PacedMainLoop::step() {
 }
 
 void PacedMainLoop::awaitNextDue() {
-    if (isStepping_ || isHeld_) return;
+    if (isStepping_ || holds_ > 0) return;
     const auto due = time_.nextDue();
     if (!due || awaited_ == due) return;
     awaited_ = due;
@@ -92,10 +93,10 @@ void PacedMainLoop::awaitNextDue() {
 
 /// To where the run would be if it were in step, but never past what is due.
 void PacedMainLoop::moveClock() {
-    const auto due = time_.nextDue();
-    if (isHeld_ || speed_ == unlimited || !due) return;
+    if (holds_ > 0 || speed_ == unlimited) return;
     const Instant inStep = anchor_ + scaled(machine_.now() - machineAtAnchor_, speed_);
-    time_.stall(std::max(std::min(inStep, *due) - time_.now(), Duration::zero()));
+    const Instant latest = std::min(inStep, time_.nextDue().value_or(inStep));
+    time_.stall(std::max(latest - time_.now(), Duration::zero()));
 }
 
 Instant PacedMainLoop::machineTimeOf(Instant due) const {

@@ -35,8 +35,8 @@ public:
     /// As after(), but ahead of everything else that is due at that instant.
     void firstAfter(Duration delay, Task task);
 
-    /// The run's time stands still from the end of the instant under way until resume(); what is
-    /// posted is still taken.
+    /// The run's time stands still from the end of the instant under way until there was a resume()
+    /// for each hold(); what is posted is still taken.
     void hold();
     void resume();
 
@@ -55,7 +55,7 @@ private:
     std::optional<Instant> awaited_;
     std::uint64_t wait_ = 0;  // the number of the latest; those before it are over
     bool isStepping_ = false;
-    bool isHeld_ = false;
+    int holds_ = 0;
     Lifetime lifetime_;
 };
 

@@ -17,5 +17,19 @@ TEST(TagBlockTest, knowsASentenceThatBringsItsOwn) {
     EXPECT_FALSE(hasTagBlock(""));
 }
 
+TEST(TagBlockTest, measuresTheBlocksInFrontOfASentence) {
+    EXPECT_EQ(tagBlockSize("\\c:1*00\\$IIMTW,16.5,C*11\r\n"), 8U);
+    EXPECT_EQ(tagBlockSize("\\c:1*00\\\\s:a*00\\$IIMTW"), 16U);
+    EXPECT_EQ(tagBlockSize("\\c:1*00\\"), 8U);
+    EXPECT_EQ(tagBlockSize("$IIMTW,\\c:1*00\\"), 0U);
+}
+
+TEST(TagBlockTest, takesNoOpenBlockForOne) {
+    EXPECT_EQ(tagBlockSize("\\"), 0U);
+    EXPECT_EQ(tagBlockSize("\\c:1*00$IIMTW\r\n"), 0U);
+    EXPECT_EQ(tagBlockSize("\\c:1*00\\\\s:a$IIMTW"), 8U);
+    EXPECT_FALSE(hasTagBlock("\\c:1*00$IIMTW\r\n"));
+}
+
 }  // namespace
 }  // namespace tidewright::encoding

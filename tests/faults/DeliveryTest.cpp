@@ -55,6 +55,18 @@ TEST_F(DeliveryTest, letsWhatComesLaterOvertakeWhereTheLatencyFell) {
     EXPECT_THAT(sent, ElementsAre("b", "a"));
 }
 
+TEST_F(DeliveryTest, tellsWhetherItHoldsASentenceBack) {
+    EXPECT_TRUE(delivery->isEmpty());
+    faults.latencyMs = 200;
+    delivery->deliver({"a"});
+    loop.advance(100ms);
+    delivery->deliver({"b"});
+    loop.advance(100ms);
+    EXPECT_FALSE(delivery->isEmpty());
+    loop.advance(100ms);
+    EXPECT_TRUE(delivery->isEmpty());
+}
+
 TEST_F(DeliveryTest, sendsNothingAnyMoreOnceItIsGone) {
     faults.latencyMs = 200;
     delivery->deliver({"a"});

@@ -23,6 +23,27 @@ TEST_F(ConsoleLogTest, keepsASentenceWithoutItsLineEnd) {
     EXPECT_EQ(gateway.consoleLines().back().text, "$IIHDT,2.0,T*00");
 }
 
+TEST_F(ConsoleLogTest, cutsALongTextShort) {
+    const std::string text(1024, 'a');
+    gateway.log("TCP", text + "\r\n");
+    EXPECT_EQ(gateway.consoleLines().back().text, text);
+    gateway.log("TCP", text + "b\r\n");
+    EXPECT_EQ(gateway.consoleLines().back().text, text + "…");
+    gateway.log("TCP", std::string(8 << 20, 'a'));
+    EXPECT_EQ(gateway.consoleLines().back().text, text + "…");
+    EXPECT_LT(gateway.consoleLines().back().text.capacity(), 4096U);
+}
+
+TEST_F(ConsoleLogTest, cutsALongTextBetweenTwoCharacters) {
+    for (const std::size_t before : {1021U, 1022U, 1023U}) {
+        const std::string front(before, 'a');
+        gateway.log("TCP", front + "\xF0\x9F\x90\x9F and more");
+        EXPECT_EQ(gateway.consoleLines().back().text, front + "…");
+    }
+    gateway.log("TCP", std::string(2000, '\x80'));
+    EXPECT_EQ(gateway.consoleLines().back().text, std::string(1021, '\x80') + "…");
+}
+
 TEST_F(ConsoleLogTest, losesWhatIsLoggedWhilePaused) {
     gateway.log("SYS", "before");
     gateway.consolePaused = true;

@@ -3,32 +3,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <unistd.h>
 
-#include <array>
 #include <csignal>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
+
+#include "support/Pipe.h"
+#include "support/TemporaryFile.h"
 
 namespace tidewright::network {
 namespace {
 using testing::EndsWith;
-using testing::Optional;
 
 struct OutputFileTest : testing::Test {
-    std::filesystem::path folder;
+    TemporaryFile log;
     std::atomic<bool> isAbandoned = false;
-
-    void SetUp() override {
-        std::string name = (std::filesystem::temp_directory_path() / "tidewright.XXXXXX").string();
-        ASSERT_NE(::mkdtemp(name.data()), nullptr);
-        folder = name;
-    }
-
-    void TearDown() override { std::filesystem::remove_all(folder); }
-
-    std::string path() const { return folder / "log"; }
 
     static OutputFile open(const std::string& path) {
         return std::get<OutputFile>(OutputFile::open(path));
@@ -39,32 +28,8 @@ struct OutputFileTest : testing::Test {
     }
 
     std::string content() const {
-        std::ifstream file(path(), std::ios::binary);
+        std::ifstream file(log.path(), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
-    }
-};
-
-/// The two ends of a pipe, of which the writing one can be opened by a path.
-struct Pipe {
-    std::array<int, 2> ends{};
-
-    Pipe() { EXPECT_EQ(::pipe(ends.data()), 0); }
-    ~Pipe() {
-        closeReader();
-        ::close(ends[1]);
-    }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-
-    std::string path() const { return "/dev/fd/" + std::to_string(ends[1]); }
-    void closeReader() {
-        if (ends[0] >= 0) ::close(std::exchange(ends[0], -1));
-    }
-    std::string read() const {
-        std::string text(1 << 16, '\0');
-        text.resize(static_cast<std::size_t>(
-            std::max(::read(ends[0], text.data(), text.size()), ssize_t{0})));
-        return text;
     }
 };
 
@@ -84,20 +49,19 @@ struct FileSizeLimit {
 };
 
 TEST_F(OutputFileTest, replacesWhatTheFileHeld) {
-    std::ofstream(path()) << "what was there before\r\n";
-    EXPECT_EQ(open(path()).write("$one\r\n$two\r\n", isAbandoned), std::nullopt);
+    log.append("what was there before\r\n");
+    EXPECT_EQ(open(log.path()).write("$one\r\n$two\r\n", isAbandoned), std::nullopt);
     EXPECT_EQ(content(), "$one\r\n$two\r\n");
 }
 
 TEST_F(OutputFileTest, saysWhyItCannotBeOpened) {
-    EXPECT_EQ(whyNot(folder), "c'est un dossier.");
-    EXPECT_EQ(whyNot(folder / "none" / "log"), "son dossier n'existe pas.");
-    std::ofstream(path()) << "a file";
-    EXPECT_EQ(whyNot(path() + "/log"), "son dossier n'existe pas.");
+    EXPECT_EQ(whyNot("/"), "c'est un dossier.");
+    EXPECT_EQ(whyNot(log.path() + ".none/log"), "son dossier n'existe pas.");
+    EXPECT_EQ(whyNot(log.path() + "/log"), "son dossier n'existe pas.");
 }
 
 TEST_F(OutputFileTest, endsWithAWholeSentenceWhereTheFileMayNotGrow) {
-    const OutputFile file = open(path());
+    const OutputFile file = open(log.path());
     const FileSizeLimit limit(14);
     const auto failure = file.write("$one\r\n$two\r\n$three\r\n", isAbandoned);
     ASSERT_TRUE(failure);
@@ -118,7 +82,7 @@ TEST_F(OutputFileTest, saysThatTheReaderOfAPipeHasLeft) {
     const OutputFile file = open(pipe.path());
     EXPECT_EQ(file.write("$one\r\n", isAbandoned), std::nullopt);
     EXPECT_EQ(pipe.read(), "$one\r\n");
-    pipe.closeReader();
+    pipe.takeReader();
     const auto failure = file.write("$two\r\n", isAbandoned);
     ASSERT_TRUE(failure);
     EXPECT_TRUE(failure->hasReaderLeft);

@@ -1,14 +1,11 @@
 #include "network/Recorder.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <array>
 #include <chrono>
 
 #include "platform/AsioMainLoop.h"
+#include "support/Pipe.h"
 
 namespace tidewright::network {
 namespace {
@@ -17,20 +14,14 @@ using namespace std::chrono_literals;
 /// A recorder that writes into a pipe, on the machine's own loop.
 struct RecorderTest : testing::Test {
     platform::AsioMainLoop loop;
-    std::array<int, 2> pipe{};
+    Pipe pipe;
     std::vector<OutputFile::Failure> failures;
     int roomReports = 0;
     std::unique_ptr<Recorder> recorder;
 
     void SetUp() override {
-        ASSERT_EQ(::pipe(pipe.data()), 0);
-        ASSERT_EQ(::fcntl(pipe[0], F_SETFL, O_NONBLOCK), 0);
-        recordInto("/dev/fd/" + std::to_string(pipe[1]));
-    }
-
-    void TearDown() override {
-        recorder.reset();
-        for (const int end : pipe) ::close(end);
+        pipe.doNotBlock();
+        recordInto(pipe.path());
     }
 
     void recordInto(const std::string& path) {
@@ -60,13 +51,6 @@ struct RecorderTest : testing::Test {
         runUntil([&] { return isFinished; });
     }
 
-    std::string read() const {
-        std::string text(1 << 16, '\0');
-        const auto size = ::read(pipe[0], text.data(), text.size());
-        text.resize(static_cast<std::size_t>(std::max(size, ssize_t{0})));
-        return text;
-    }
-
     void fill() {
         while (!recorder->isFull()) record(std::string(998, 'x') + "\r\n");
     }
@@ -78,7 +62,7 @@ TEST_F(RecorderTest, writesWhatItIsGivenInOrderWithinATenthOfASecond) {
     record("$two\r\n");
     std::string seen;
     runUntil([&] {
-        seen += read();
+        seen += pipe.read();
         return seen == "$one\r\n$two\r\n";
     });
     EXPECT_LT(loop.now() - start, 1s);  // a tenth, on a machine that has nothing else to do
@@ -87,14 +71,14 @@ TEST_F(RecorderTest, writesWhatItIsGivenInOrderWithinATenthOfASecond) {
 TEST_F(RecorderTest, writesEverythingBeforeItIsFinished) {
     record("$one\r\n");
     finish();
-    EXPECT_EQ(read(), "$one\r\n");
+    EXPECT_EQ(pipe.read(), "$one\r\n");
 }
 
 TEST_F(RecorderTest, isFullBehindASlowReaderAndSaysWhenThereIsRoomAgain) {
     fill();
     EXPECT_EQ(roomReports, 0);
     runUntil([this] {
-        read();
+        pipe.read();
         return roomReports > 0;
     });
     EXPECT_FALSE(recorder->isFull());
@@ -108,7 +92,7 @@ TEST_F(RecorderTest, takesWhatItIsGivenWhileFull) {
     bool isFinished = false;
     recorder->finish([&] { isFinished = true; });
     runUntil([&] {
-        end = (end + read()).substr(0, 1 << 21);
+        end = (end + pipe.read()).substr(0, 1 << 21);
         if (end.size() > 100) end.erase(0, end.size() - 100);
         return isFinished || end.ends_with("$the last\r\n");
     });
@@ -119,7 +103,7 @@ TEST_F(RecorderTest, isFinishedThoughAReaderTakesNothingOnceHeIsGivenUp) {
     fill();
     recorder->abandon();
     finish();
-    EXPECT_TRUE(read().ends_with("x\r\n"));
+    EXPECT_TRUE(pipe.read().ends_with("x\r\n"));
 }
 
 TEST_F(RecorderTest, saysOnceThatNothingMoreCanBeWritten) {

@@ -274,6 +274,32 @@ TEST_F(TCPServerTest, sendsABurstOfAHundredThousandSentencesWhole) {
     EXPECT_THAT(text, EndsWith("!00099999\r\n"));
 }
 
+TEST_F(TCPServerTest, sendsSentencesLongerThanItsTapeWhole) {
+    start();
+    auto client = connect();
+    for (const char each : {'a', 'b', 'c'}) {
+        const std::string sentence = std::string(8 << 20, each) + "\r\n";
+        broadcast(sentence);
+        EXPECT_TRUE(client.read(sentence.size()) == sentence) << each;
+    }
+    EXPECT_EQ(server->droppedSentences(), DroppedSentences());
+}
+
+TEST_F(TCPServerTest, dropsWholeWhatIsTooLongAndTooMuchAtOnce) {
+    start();
+    auto client = connect();
+    for (const char each : {'a', 'b', 'c', 'd', 'e'})
+        broadcast(std::string(8 << 20, each) + "\r\n");
+    const std::string last = "$end\r\n";
+    broadcast(last);
+    for (auto text = client.read(6); text != last && !HasFailure(); text = client.read(6)) {
+        text += client.read((8 << 20) - 4);
+        EXPECT_TRUE(text == std::string(8 << 20, text.front()) + "\r\n");
+    }
+    waitUntil([&] { return traffic().size() == 1; });
+    EXPECT_GT(server->droppedSentences().thread + server->droppedSentences().client, 0U);
+}
+
 TEST_F(TCPServerTest, listensOnAFreePortAndSaysWhich) {
     const auto itsPort = server->startOnFreePort();
     ASSERT_TRUE(itsPort);

@@ -188,6 +188,17 @@ TEST(UDPBroadcasterTest, dropsAndCountsWhatItsThreadIsTooSlowFor) {
     EXPECT_EQ(broadcaster.droppedSentences().socket, 0);
 }
 
+TEST(UDPBroadcasterTest, dropsAndCountsWhatNoDatagramCanHold) {
+    Receiver receiver;
+    UDPBroadcaster broadcaster;
+    broadcaster.start("127.0.0.1", receiver.port());
+    broadcaster.send(bytes(std::string(65'508, 'x')));
+    const std::string largest(65'507, 'y');
+    broadcaster.send(bytes(largest));
+    EXPECT_EQ(receiver.next(), largest);
+    EXPECT_EQ(broadcaster.droppedSentences().socket, 1);
+}
+
 #ifdef __linux__
 
 /// Puts this process on a loopback network of its own that carries `rate`, as tc writes it.
