@@ -2,11 +2,14 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <optional>
+#include <utility>
 
 #include "gateway/Assembly.h"
 #include "platform/VirtualMainLoop.h"
-#include "scenario/ScenarioReader.h"
+#include "scenario/ScenarioFile.h"
 #include "support/NumberedClients.h"
 #include "support/PretendHost.h"
 #include "support/ScriptedRandom.h"
@@ -33,9 +36,13 @@ struct ScenarioRunnerTest : testing::Test {
     void play(const std::string& text) {
         auto reading = readScenario(text, {});
         ASSERT_TRUE(reading.scenario) << mistakesText("test", text, reading.mistakes);
-        ASSERT_TRUE(assembly.settings.writeTexts(reading.scenario->set).empty());
+        play(std::move(*reading.scenario));
+    }
+
+    void play(Scenario scenario) {
+        ASSERT_TRUE(assembly.settings.writeTexts(scenario.set).empty());
         runner.emplace(
-            run, assembly, std::move(*reading.scenario),
+            run, assembly, std::move(scenario),
             ScenarioRunner::Reports{.write = [this](std::string_view line) { take(line); },
                                     .end = [this](int how) { finish(how); }});
         assembly.settings.keepForReset();
@@ -54,6 +61,17 @@ struct ScenarioRunnerTest : testing::Test {
         end = run.now().time_since_epoch();
         assembly.gateway.stop();
         run.hold();
+    }
+
+    /// An app that looks every second whether it is connected, and connects anew where it is not.
+    platform::Subscription app() {
+        return machine.every(1s, [this, drops = 0]() mutable {
+            const int before = std::exchange(drops, host.tcp->dropAllClientsCalls);
+            const bool isConnected = !assembly.gateway.tcpClients->empty() && before == drops;
+            if (!host.tcp->running || isConnected) return;
+            ++host.tcp->accepted;
+            connect({"192.168.1.20"});
+        });
     }
 
     void connect(const std::vector<std::string>& addresses) const {
@@ -298,6 +316,37 @@ TEST_F(ScenarioRunnerTest, holdsNothingUpOnceItIsGone) {
     machine.advance(2s);
     EXPECT_THAT(lines, IsEmpty());
 }
+
+/// One of those that come with the program.
+struct ShippedScenarioTest : ScenarioRunnerTest, testing::WithParamInterface<std::string> {};
+
+TEST_P(ShippedScenarioTest, endsWellWithAnAppThatConnectsAgain) {
+    const auto app = this->app();
+    play(*readScenarioFile(GetParam(), {}).scenario);
+    machine.advance(1h);
+    EXPECT_EQ(status, 0) << lines.back();
+}
+
+TEST_P(ShippedScenarioTest, failsWithoutAnApp) {
+    play(*readScenarioFile(GetParam(), {}).scenario);
+    machine.advance(1h);
+    EXPECT_EQ(status, 3) << lines.back();
+}
+
+std::vector<std::string> shippedScenarios() {
+    std::vector<std::string> paths;
+    for (const auto& each : std::filesystem::directory_iterator(TIDEWRIGHT_SCENARIOS))
+        paths.push_back(each.path());
+    return paths;
+}
+
+std::string nameOf(const testing::TestParamInfo<std::string>& shipped) {
+    std::string name = std::filesystem::path(shipped.param).stem();
+    std::ranges::replace(name, '-', '_');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ShippedScenarioTest, testing::ValuesIn(shippedScenarios()), nameOf);
 
 }  // namespace
 }  // namespace tidewright::scenario
