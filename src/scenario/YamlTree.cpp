@@ -47,10 +47,10 @@ bool isLeftOpen(std::string_view text) {
     text = withoutProperties(text);
     if (!text.starts_with('"') && !text.starts_with('\'')) return false;
     const char mark = text.front();
+    // Closes nothing, whatever its second character is.
+    const std::string_view escaped = mark == '"' ? "\\" : "''";
     for (std::size_t i = 1; i < text.size(); ++i) {
-        if (text[i] == '\\' && mark == '"')
-            ++i;
-        else if (text[i] == mark && mark == '\'' && text.substr(i + 1).starts_with(mark))
+        if (text.substr(i).starts_with(escaped))
             ++i;
         else if (text[i] == mark)
             return false;

@@ -98,5 +98,13 @@ TEST(YamlTreeTest, saysInFrenchWhatIsNoYaml) {
     EXPECT_EQ(mistakeIn("a: @b\n").text, "ce n'est pas du YAML.");
 }
 
+TEST(YamlTreeTest, missesNoQuotationMarkThatIsLeftOpen) {
+    for (const char* each : {"a: \"b\nc: d\n", "a: 'b\nc: d\n", "a: &x \"b\\\"\n", "a: 'b''\n\n"})
+        EXPECT_THAT(mistakeIn(each).text, HasSubstr("un guillemet n'est pas refermé.")) << each;
+    for (const char* each :
+         {"a: \"b\n c\"\n", "a: 'b''c'\n", "a: &x'y 'b'", "a: \"\\\"\"", "a: b'\n"})
+        EXPECT_TRUE(readYaml(each).mistakes.empty()) << each;
+}
+
 }  // namespace
 }  // namespace tidewright::scenario
