@@ -46,7 +46,7 @@ void checkMistakes(std::string_view text, const scenario::ScenarioReading& readi
 /// A large fleet takes long, and is no concern of a scenario.
 void shrinkFleets(gateway::Settings::Texts& texts) {
     for (auto& [name, value] : texts)
-        if (name == "ais.count") value = "3";
+        if (name == "ais.count") value.assign(1, '3');
 }
 
 /// Ten minutes of it, in a gateway without sockets.
