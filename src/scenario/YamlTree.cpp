@@ -85,7 +85,7 @@ public:
             complain(mark, "ce renvoi mène à ce qui le contient.");
             throw Enough{};
         }
-        count(sizeOf(found->second), mark);
+        count(sizeOf(found->second), offsetOf(mark));
         add(found->second, YAML::NullAnchor);
     }
 
@@ -136,10 +136,11 @@ private:
         if (!isUsual) complain(mark, fmt::format("l'étiquette « {} » est inconnue.", tag));
     }
 
-    void count(std::size_t nodes, const YAML::Mark& mark) {
+    void count(std::size_t nodes, std::size_t offset) {
         count_ += nodes;
         if (count_ <= mostNodes) return;
-        complain(mark, fmt::format("il y a plus de {} valeurs, renvois compris.", mostNodes));
+        reading_.mistakes.push_back(
+            {offset, fmt::format("il y a plus de {} valeurs, renvois compris.", mostNodes)});
         throw Enough{};
     }
 
@@ -155,11 +156,9 @@ private:
     }
 
     void add(YamlNode node, YAML::anchor_t anchor) {
-        YAML::Mark mark;
-        mark.pos = static_cast<int>(node.offset);
-        count(1, mark);
+        count(1, node.offset);
         if (anchor != YAML::NullAnchor) {
-            count(sizeOf(node), mark);
+            count(sizeOf(node), node.offset);
             anchored_[anchor] = node;
         }
         if (open_.empty())
