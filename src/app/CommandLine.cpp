@@ -123,14 +123,6 @@ std::optional<std::uint16_t> CommandLine::port(std::string_view text) {
     return static_cast<std::uint16_t>(*number);
 }
 
-std::optional<std::uint64_t> CommandLine::seed(std::string_view text) {
-    std::uint64_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || stop != end) return std::nullopt;
-    return number;
-}
-
 std::optional<double> CommandLine::decimal(std::string_view text) {
     if (text.find_first_not_of("0123456789.eE+-") != std::string_view::npos) return std::nullopt;
     return platform::decimalNumber(withoutPlus(text));

@@ -28,9 +28,6 @@ std::optional<std::int64_t> integer(std::string_view text);
 /// A whole number within 0 to 65535; nothing for other texts.
 std::optional<std::uint16_t> port(std::string_view text);
 
-/// A whole number within 0 to 2^64 - 1, in digits alone; nothing for other texts.
-std::optional<std::uint64_t> seed(std::string_view text);
-
 /// A decimal number: an optional sign, digits with an optional point, an optional exponent, nothing
 /// else, whatever the locale; nothing for other texts and for numbers that a double cannot hold.
 std::optional<double> decimal(std::string_view text);

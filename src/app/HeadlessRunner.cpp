@@ -13,6 +13,7 @@
 #include "platform/StandardError.h"
 #include "platform/SystemRandom.h"
 #include "platform/TimeText.h"
+#include "scenario/ScenarioFile.h"
 #include "simulation/SeededRandom.h"
 
 namespace tidewright::app {
@@ -30,6 +31,44 @@ std::string errorLine(const std::string& text) {
 /// `file` as a person calls it.
 std::string nameOf(const std::string& file) {
     return file == "-" ? "la sortie standard" : file;
+}
+
+/// Why these settings were refused, in one line; nothing where they are written.
+std::optional<std::string> write(const gateway::Settings::Texts& texts,
+                                 gateway::Assembly& assembly) {
+    std::string reasons;
+    for (const auto& refusal : assembly.settings.writeTexts(texts))
+        reasons += (reasons.empty() ? "" : " ") + refusal.reason;
+    if (reasons.empty()) return std::nullopt;
+    return reasons;
+}
+
+/// The same for what the command line says.
+std::optional<std::string> applyOptions(const Arguments& arguments, gateway::Assembly& assembly) {
+    CommandLine::apply(arguments, assembly.config, assembly.engine);
+    return write(CommandLine::settings(arguments), assembly);
+}
+
+bool asksForUdp(const Arguments& arguments) {
+    return std::ranges::any_of(CommandLine::settings(arguments), [](const auto& each) {
+        return each.first == "network.udp" && each.second == "true";
+    });
+}
+
+/// Reads the scenario that the plan names, if any. False where that cannot be, which it has said.
+bool readScenario(RunPlan& plan, const Arguments& arguments,
+                  std::optional<scenario::Scenario>& scenario) {
+    if (!plan.scenario) return true;
+    const auto apply = [&arguments](gateway::Assembly& assembly) {
+        (void)applyOptions(arguments, assembly);
+    };
+    auto file = scenario::readScenarioFile(*plan.scenario,
+                                           {.apply = apply, .replays = plan.replay.has_value()});
+    platform::writeStandardError(file.complaint);
+    if (!file.scenario) return false;
+    scenario = std::move(file.scenario);
+    plan.complete(*scenario);
+    return true;
 }
 
 }  // namespace
@@ -50,6 +89,8 @@ HeadlessRunner::HeadlessRunner(const Arguments& arguments, gateway::Host host, T
     beginReplay();
     assembly_.gateway.start();
     terminal_.write(banner());
+    beginScenario();
+    if (isOver_) return;
     watchTimer_ = machineLoop_.every(1s, [this] { watch(); });
 }
 
@@ -65,17 +106,10 @@ gateway::Host HeadlessRunner::equipped(gateway::Host host) {
 /// What is wrong with the command line, in one line of French; nothing where it is applied.
 std::optional<std::string> HeadlessRunner::apply(const Arguments& arguments) {
     if (auto problem = CommandLine::problem(arguments)) return problem;
-    CommandLine::apply(arguments, assembly_.config, assembly_.engine);
-    const auto texts = CommandLine::settings(arguments);
-    std::string reasons;
-    for (const auto& refusal : assembly_.settings.writeTexts(texts))
-        reasons += (reasons.empty() ? "" : " ") + refusal.reason;
-    if (!reasons.empty()) return reasons;
-    if (run_.plan.picksTcpPort) {
-        const bool wantsUdp = std::ranges::find(texts, std::pair<std::string, std::string>(
-                                                           "network.udp", "true")) != texts.end();
-        assembly_.config.udpEnabled = wantsUdp;
-    }
+    if (run_.scenario)
+        if (auto reasons = write(run_.scenario->set, assembly_)) return reasons;
+    if (auto reasons = applyOptions(arguments, assembly_)) return reasons;
+    if (run_.plan.picksTcpPort) assembly_.config.udpEnabled = asksForUdp(arguments);
     if (run_.plan.isUnpaced()) {
         assembly_.config.tcpEnabled = false;
         assembly_.config.udpEnabled = false;
@@ -111,6 +145,15 @@ void HeadlessRunner::beginReplay() {
         *run_.clock, assembly_.gateway, std::move(run_.replay),
         gateway::Replay::Options{
             .loops = run_.plan.loopsReplay, .holdsRun = run_.plan.isUnpaced(), .ended = ended});
+}
+
+void HeadlessRunner::beginScenario() {
+    if (!run_.scenario || !assembly_.gateway.isRunning) return;
+    scenario_ = std::make_unique<scenario::ScenarioRunner>(
+        *run_.clock, assembly_, std::move(*run_.scenario),
+        scenario::ScenarioRunner::Reports{.write = terminal_.write,
+                                          .end = [this](int status) { finish(status); }});
+    scenario_->begin();
 }
 
 bool HeadlessRunner::hasNetwork() const {
@@ -204,7 +247,8 @@ std::string HeadlessRunner::runLines() const {
 }
 
 void HeadlessRunner::watch() {
-    if (assembly_.gateway.isRunning) return;
+    const bool isStopWanted = scenario_ && scenario_->stoppedOnPurpose();
+    if (assembly_.gateway.isRunning || isStopWanted) return;
     watchTimer_.reset();
     fail(1, assembly_.gateway.lastError->value_or("le simulateur s'est arrêté."));
 }
@@ -216,7 +260,10 @@ void HeadlessRunner::fail(int status, const std::string& why) {
 
 int HeadlessRunner::run(const Arguments& arguments) {
     RunPlan plan = RunPlan::of(arguments);
-    if (const auto problem = plan.problem(arguments, {})) {
+    std::optional<scenario::Scenario> scenario;
+    if (!readScenario(plan, arguments, scenario)) return 2;
+    const auto scenarioSettings = scenario ? scenario->set : gateway::Settings::Texts();
+    if (const auto problem = plan.problem(arguments, scenarioSettings)) {
         platform::writeStandardError(errorLine(*problem));
         return 2;
     }
@@ -235,6 +282,7 @@ int HeadlessRunner::run(const Arguments& arguments) {
         clock.emplace(machine, *plan.start, plan.speed.value_or(1));
         run = {.plan = plan,
                .clock = &*clock,
+               .scenario = std::move(scenario),
                .hold = [&clock] { clock->hold(); },
                .resume = [&clock] { clock->resume(); }};
     }

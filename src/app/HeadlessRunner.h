@@ -13,6 +13,7 @@
 #include "network/LineSource.h"
 #include "network/Recorder.h"
 #include "platform/PacedMainLoop.h"
+#include "scenario/ScenarioRunner.h"
 
 namespace tidewright::app {
 
@@ -29,7 +30,8 @@ public:
     struct Run {
         RunPlan plan = {};
         platform::PacedMainLoop* clock = nullptr;  ///< the host's loop; null: the machine's clock
-        std::unique_ptr<network::LineSource> replay = nullptr;  ///< what the plan names
+        std::optional<scenario::Scenario> scenario = {};        ///< what the plan names
+        std::unique_ptr<network::LineSource> replay = nullptr;  ///< likewise
         std::function<void()> hold = [] {};                     ///< makes the run stand still
         std::function<void()> resume = [] {};
     };
@@ -59,6 +61,7 @@ private:
     std::optional<std::string> apply(const Arguments& arguments);
     bool openRecording();
     void beginReplay();
+    void beginScenario();
     void goOnRecording();
     bool hasNetwork() const;
     void record(const network::SharedBytes& sentence);
@@ -75,6 +78,7 @@ private:
     gateway::Assembly assembly_;
     std::unique_ptr<network::Recorder> recorder_;
     std::unique_ptr<gateway::Replay> replay_;
+    std::unique_ptr<scenario::ScenarioRunner> scenario_;
     platform::Subscription watchTimer_;
     bool isHeldForReader_ = false;
     bool isOver_ = false;

@@ -6,6 +6,7 @@
 
 #include "app/CommandLine.h"
 #include "platform/TimeText.h"
+#include "simulation/SeededRandom.h"
 
 namespace tidewright::app {
 
@@ -162,7 +163,7 @@ std::vector<Option> clockOptions() {
          .effect = {"tout le hasard de la marche, pour la refaire",
                     "all chance of the run, to have it again"},
          .isStrict = true,
-         .reads = [](const std::string& text) { return CommandLine::seed(text).has_value(); },
+         .reads = [](const std::string& text) { return simulation::parseSeed(text).has_value(); },
          .readable = "un nombre entier de 0 à 18446744073709551615"},
         {.name = "--start",
          .valueName = {"INSTANT", "TIME"},

@@ -8,6 +8,7 @@
 
 #include "platform/PacedMainLoop.h"
 #include "platform/TimeText.h"
+#include "simulation/SeededRandom.h"
 
 namespace tidewright::app {
 
@@ -40,7 +41,7 @@ RunPlan RunPlan::of(const Arguments& arguments) {
     plan.loopsReplay = CommandLine::given("--replay-loop", arguments).has_value();
     plan.picksTcpPort = CommandLine::given("--free-port", arguments).has_value();
     if (const auto text = CommandLine::given("--seed", arguments))
-        plan.seed = CommandLine::seed(*text);
+        plan.seed = simulation::parseSeed(*text);
     if (const auto text = CommandLine::given("--start", arguments))
         plan.start = platform::parseUtc(*text);
     if (const auto text = CommandLine::given("--speed", arguments))
@@ -56,6 +57,12 @@ bool RunPlan::hasOwnClock() const {
 
 bool RunPlan::isUnpaced() const {
     return speed == platform::PacedMainLoop::unlimited;
+}
+
+void RunPlan::complete(const scenario::Scenario& itsScenario) {
+    if (!seed) seed = itsScenario.seed;
+    if (!start) start = itsScenario.start;
+    if (!speed) speed = itsScenario.speed;
 }
 
 std::optional<std::string> RunPlan::problem(

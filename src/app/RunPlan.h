@@ -6,6 +6,7 @@
 
 #include "app/CommandLine.h"
 #include "platform/MainLoop.h"
+#include "scenario/Scenario.h"
 
 namespace tidewright::app {
 
@@ -30,6 +31,9 @@ struct RunPlan {
 
     /// Whether it runs as fast as the machine can, and therefore feeds files only.
     bool isUnpaced() const;
+
+    /// Takes over what the scenario says, where the command line says nothing.
+    void complete(const scenario::Scenario& itsScenario);
 
     /// What in it cannot be had together, in one French sentence; nothing where all can.
     /// `scenarioSettings` are what the scenario writes before the start.

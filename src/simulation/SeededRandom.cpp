@@ -1,5 +1,8 @@
 #include "simulation/SeededRandom.h"
 
+#include <charconv>
+#include <system_error>
+
 #include "platform/Check.h"
 
 namespace tidewright::simulation {
@@ -28,6 +31,14 @@ platform::RandomSource& SeededRandom::stream(std::string_view name) {
 std::int64_t SeededRandom::below(std::int64_t bound) {
     platform::check(bound > 0, "the bound of a draw must be above zero");
     return static_cast<std::int64_t>(generator_.bounded(static_cast<std::uint64_t>(bound)));
+}
+
+std::optional<std::uint64_t> parseSeed(std::string_view text) {
+    std::uint64_t seed = 0;
+    const char* end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, seed);
+    if (error != std::errc() || stop != end) return std::nullopt;
+    return seed;
 }
 
 }  // namespace tidewright::simulation

@@ -3,7 +3,9 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/RandomSource.h"
 #include "simulation/SeededGenerator.h"
@@ -27,5 +29,9 @@ private:
     SeededGenerator generator_;
     std::map<std::string, SeededRandom, std::less<>> streams_;  // by name
 };
+
+/// A seed as people write it: a whole number within 0 to 2^64 - 1, in digits alone; nothing for
+/// other texts.
+std::optional<std::uint64_t> parseSeed(std::string_view text);
 
 }  // namespace tidewright::simulation

@@ -10,7 +10,8 @@ import sys
 
 SOURCES = pathlib.Path(sys.argv[1]) / "src"
 
-MAY_KNOW = {"asio": {"platform", "network"}, "fast_float": {"platform"}, "Qt": {"ui"}}
+MAY_KNOW = {"asio": {"platform", "network"}, "fast_float": {"platform"}, "Qt": {"ui"},
+            "yaml-cpp": {"scenario"}}
 
 # What a line must not do, and the files that may because somebody must.
 RULES = (
@@ -30,7 +31,7 @@ QT_HEADER = re.compile(r"^(Q[A-Z]\w*|Qt\w*/.*)$")
 
 
 def outsider(header):
-    for library in ("asio", "fast_float"):
+    for library in ("asio", "fast_float", "yaml-cpp"):
         if header.startswith(library):
             return library
     if QT_HEADER.match(header):
