@@ -5,8 +5,12 @@ _tidewright() {
     case $before in
         --preset) words="digital-yacht miniplex nke yacht-devices generic custom" ;;
         --program) words="sequence beat reach run" ;;
-        --tcp-port | --udp-port | --ais | --wind-range | --polar | --set) words= ;;
-        *) words="--headless --preset --tcp-port --udp-port --no-tcp --no-udp --ais --program --wind-range --polar --no-steps --set --settings --help --version" ;;
+        --output | --replay | --scenario)
+            mapfile -t COMPREPLY < <(compgen -f -- "$word")
+            return
+            ;;
+        --tcp-port | --udp-port | --ais | --wind-range | --polar | --set | --seed | --start | --speed | --duration) words= ;;
+        *) words="--headless --preset --tcp-port --udp-port --no-tcp --no-udp --ais --program --wind-range --polar --no-steps --set --seed --start --speed --duration --output --free-port --replay --replay-loop --scenario --settings --help --version" ;;
     esac
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
 }

@@ -24,6 +24,8 @@ struct Option {
     std::string_view otherwise = {};      ///< what holds without it; empty: nothing to say
     std::vector<std::string> words = {};  ///< what its value may be, where that is one of a few
 
+    bool takesFile = false;  ///< its value is a path
+
     /// Where it counts: for --headless, or alone, as a question that the program answers.
     bool isQuestion = false;
 

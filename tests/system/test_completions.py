@@ -43,6 +43,10 @@ class Bash(unittest.TestCase):
     def test_offers_the_programs(self):
         self.assertEqual(bash_offers("--program", ""), {"sequence", "beat", "reach", "run"})
 
+    def test_offers_files_where_one_is_wanted(self):
+        offered = bash_offers("--headless", "--scenario", str(COMPLETIONS) + "/")
+        self.assertIn(str(BASH), offered)
+
     def test_offers_no_numbers(self):
         self.assertEqual(bash_offers("--tcp-port", ""), set())
 
@@ -63,6 +67,9 @@ class Fish(unittest.TestCase):
 
     def test_offers_the_presets_that_fit(self):
         self.assertEqual(fish_offers("tidewright --preset n"), {"nke"})
+
+    def test_offers_files_where_one_is_wanted(self):
+        self.assertIn(str(FISH), fish_offers(f"tidewright --replay {COMPLETIONS}/"))
 
 
 if __name__ == "__main__":

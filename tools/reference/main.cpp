@@ -101,29 +101,36 @@ std::string manual(std::string_view BothLanguages::*language, std::string_view a
 std::string bash() {
     std::string cases;
     std::string free;
+    std::string files;
     std::string names;
     for (const Option& each : allOptions()) {
         names += fmt::format("{}{}", names.empty() ? "" : " ", each.name);
         if (!takesValue(each)) continue;
-        if (each.words.empty())
-            free += fmt::format("{}{}", free.empty() ? "" : " | ", each.name);
-        else
+        if (!each.words.empty()) {
             cases +=
                 fmt::format("        {}) words=\"{}\" ;;\n", each.name, fmt::join(each.words, " "));
+            continue;
+        }
+        std::string& others = each.takesFile ? files : free;
+        others += fmt::format("{}{}", others.empty() ? "" : " | ", each.name);
     }
     return fmt::format(R"(# bash completion for tidewright
 
 _tidewright() {{
     local word=${{COMP_WORDS[COMP_CWORD]}} before=${{COMP_WORDS[COMP_CWORD - 1]}} words
     case $before in
-{}        {}) words= ;;
+{}        {})
+            mapfile -t COMPREPLY < <(compgen -f -- "$word")
+            return
+            ;;
+        {}) words= ;;
         *) words="{}" ;;
     esac
     mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
 }}
 complete -F _tidewright tidewright
 )",
-                       cases, free, names);
+                       cases, files, free, names);
 }
 
 std::string zsh() {
@@ -132,6 +139,7 @@ std::string zsh() {
         const std::string effect = replaced(std::string(each.effect.french), "'", "’");
         lines += fmt::format(" \\\n    '{}{}[{}]", each.mayRepeat ? "*" : "", each.name, effect);
         if (takesValue(each)) lines += fmt::format(":{}:", each.valueName.french);
+        if (each.takesFile) lines += "_files";
         if (!each.words.empty()) lines += fmt::format("({})", fmt::join(each.words, " "));
         lines += "'";
     }
@@ -141,8 +149,9 @@ std::string zsh() {
 std::string fish() {
     std::string lines = "complete -c tidewright -f\n";
     for (const Option& each : allOptions()) {
+        const std::string_view value = each.takesFile ? " -r -F" : " -x";
         lines += fmt::format("complete -c tidewright -l {}{} -d \"{}\"", each.name.substr(2),
-                             takesValue(each) ? " -x" : "", each.effect.french);
+                             takesValue(each) ? value : "", each.effect.french);
         if (!each.words.empty()) lines += fmt::format(" -a '{}'", fmt::join(each.words, " "));
         lines += "\n";
     }
