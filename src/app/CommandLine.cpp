@@ -190,4 +190,10 @@ void CommandLine::apply(const Arguments& arguments, gateway::SimulationConfig& c
     }
 }
 
+std::optional<std::string> CommandLine::applyAll(const Arguments& arguments,
+                                                 gateway::Assembly& assembly) {
+    apply(arguments, assembly.config, assembly.engine);
+    return gateway::reasons(assembly.settings.writeTexts(settings(arguments)));
+}
+
 }  // namespace tidewright::app

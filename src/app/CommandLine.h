@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "gateway/Assembly.h"
 #include "gateway/Settings.h"
 #include "gateway/SimulationConfig.h"
 #include "simulation/BoatSimulationEngine.h"
@@ -54,6 +55,9 @@ gateway::Settings::Texts settings(const Arguments& arguments);
 /// so that the others override it wherever they stand; what cannot be read is ignored.
 void apply(const Arguments& arguments, gateway::SimulationConfig& config,
            simulation::BoatSimulationEngine& engine);
+
+/// Applies every option to the settings, --set last; why that was refused, in one line of French.
+std::optional<std::string> applyAll(const Arguments& arguments, gateway::Assembly& assembly);
 
 }  // namespace CommandLine
 

@@ -4,17 +4,11 @@
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <utility>
 #include <variant>
 
-#include "network/ReplayFile.h"
-#include "platform/AsioMainLoop.h"
-#include "platform/StandardError.h"
-#include "platform/SystemRandom.h"
+#include "app/ErrorLine.h"
 #include "platform/TimeText.h"
-#include "scenario/ScenarioFile.h"
-#include "simulation/SeededRandom.h"
 
 namespace tidewright::app {
 
@@ -24,51 +18,15 @@ using namespace std::chrono_literals;
 /// How long an interrupted program waits for who reads its recording.
 constexpr auto patience = 1s;
 
-std::string errorLine(const std::string& text) {
-    return "ERREUR : " + text + "\n";
-}
-
 /// `file` as a person calls it.
 std::string nameOf(const std::string& file) {
     return file == "-" ? "la sortie standard" : file;
-}
-
-/// Why these settings were refused, in one line; nothing where they are written.
-std::optional<std::string> write(const gateway::Settings::Texts& texts,
-                                 gateway::Assembly& assembly) {
-    std::string reasons;
-    for (const auto& refusal : assembly.settings.writeTexts(texts))
-        reasons += (reasons.empty() ? "" : " ") + refusal.reason;
-    if (reasons.empty()) return std::nullopt;
-    return reasons;
-}
-
-/// The same for what the command line says.
-std::optional<std::string> applyOptions(const Arguments& arguments, gateway::Assembly& assembly) {
-    CommandLine::apply(arguments, assembly.config, assembly.engine);
-    return write(CommandLine::settings(arguments), assembly);
 }
 
 bool asksForUdp(const Arguments& arguments) {
     return std::ranges::any_of(CommandLine::settings(arguments), [](const auto& each) {
         return each.first == "network.udp" && each.second == "true";
     });
-}
-
-/// Reads the scenario that the plan names, if any. False where that cannot be, which it has said.
-bool readScenario(RunPlan& plan, const Arguments& arguments,
-                  std::optional<scenario::Scenario>& scenario) {
-    if (!plan.scenario) return true;
-    const auto apply = [&arguments](gateway::Assembly& assembly) {
-        (void)applyOptions(arguments, assembly);
-    };
-    auto file = scenario::readScenarioFile(*plan.scenario,
-                                           {.apply = apply, .replays = plan.replay.has_value()});
-    platform::writeStandardError(file.complaint);
-    if (!file.scenario) return false;
-    scenario = std::move(file.scenario);
-    plan.complete(*scenario);
-    return true;
 }
 
 }  // namespace
@@ -107,8 +65,9 @@ gateway::Host HeadlessRunner::equipped(gateway::Host host) {
 std::optional<std::string> HeadlessRunner::apply(const Arguments& arguments) {
     if (auto problem = CommandLine::problem(arguments)) return problem;
     if (run_.scenario)
-        if (auto reasons = write(run_.scenario->set, assembly_)) return reasons;
-    if (auto reasons = applyOptions(arguments, assembly_)) return reasons;
+        if (auto why = gateway::reasons(assembly_.settings.writeTexts(run_.scenario->set)))
+            return why;
+    if (auto why = CommandLine::applyAll(arguments, assembly_)) return why;
     if (run_.plan.picksTcpPort) assembly_.config.udpEnabled = asksForUdp(arguments);
     if (run_.plan.isUnpaced()) {
         assembly_.config.tcpEnabled = false;
@@ -256,69 +215,6 @@ void HeadlessRunner::watch() {
 void HeadlessRunner::fail(int status, const std::string& why) {
     terminal_.write(errorLine(why));
     finish(status);
-}
-
-int HeadlessRunner::run(const Arguments& arguments) {
-    RunPlan plan = RunPlan::of(arguments);
-    std::optional<scenario::Scenario> scenario;
-    if (!readScenario(plan, arguments, scenario)) return 2;
-    const auto scenarioSettings = scenario ? scenario->set : gateway::Settings::Texts();
-    if (const auto problem = plan.problem(arguments, scenarioSettings)) {
-        platform::writeStandardError(errorLine(*problem));
-        return 2;
-    }
-    platform::SystemRandom machineRandom;
-    platform::AsioMainLoop machine;
-    std::optional<platform::PacedMainLoop> clock;
-    std::optional<simulation::SeededRandom> random;
-    Run run{.plan = plan,
-            .hold = [&machine] { machine.hold(); },
-            .resume = [&machine] { machine.resume(); }};
-    if (plan.hasOwnClock()) {
-        plan.seed = plan.seed.value_or(machineRandom.bits());
-        plan.start =
-            plan.start.value_or(std::chrono::floor<std::chrono::seconds>(machine.wallClock()));
-        random.emplace(*plan.seed);
-        clock.emplace(machine, *plan.start, plan.speed.value_or(1));
-        run = {.plan = plan,
-               .clock = &*clock,
-               .scenario = std::move(scenario),
-               .hold = [&clock] { clock->hold(); },
-               .resume = [&clock] { clock->resume(); }};
-    }
-    if (plan.replay) {
-        auto opened = network::openReplay(*plan.replay, *clock);
-        if (const auto* why = std::get_if<std::string>(&opened)) {
-            platform::writeStandardError(errorLine(*why));
-            return 2;
-        }
-        run.replay = std::get<std::unique_ptr<network::LineSource>>(std::move(opened));
-    }
-    auto host = gateway::Host::machine(
-        clock ? static_cast<platform::MainLoop&>(*clock) : machine, machine,
-        random ? static_cast<platform::RandomSource&>(*random) : machineRandom, {});
-    std::optional<int> exitStatus;
-    std::optional<int> interruption;
-    {
-        HeadlessRunner runner(arguments, std::move(host),
-                              {.write = platform::writeStandardError,
-                               .end =
-                                   [&](int status) {
-                                       exitStatus = status;
-                                       machine.stop();
-                                   }},
-                              std::move(run));
-        machine.onInterrupt([&](int signal) {
-            interruption = signal;
-            runner.interrupt();
-        });
-        if (!exitStatus) machine.run();
-    }
-    if (interruption) {
-        std::signal(*interruption, SIG_DFL);
-        std::raise(*interruption);
-    }
-    return *exitStatus;
 }
 
 }  // namespace tidewright::app

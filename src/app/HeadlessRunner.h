@@ -52,10 +52,6 @@ public:
     /// The same, for a program that was told to stop: nobody is waited for long.
     void interrupt();
 
-    /// Runs on this machine until interrupted or until the run is over; answers the exit status. An
-    /// interrupt ends the process.
-    static int run(const Arguments& arguments);
-
 private:
     gateway::Host equipped(gateway::Host host);
     std::optional<std::string> apply(const Arguments& arguments);

@@ -3,7 +3,8 @@
 #include <string>
 
 #include "app/CommandLine.h"
-#include "app/HeadlessRunner.h"
+#include "app/ErrorLine.h"
+#include "app/HeadlessProgram.h"
 #include "app/Help.h"
 #include "app/SettingsList.h"
 #include "app/WindowLauncher.h"
@@ -27,11 +28,11 @@ int main(int argc, char** argv) {
     tidewright::platform::endWhenResourcesRunOut();
     const Arguments arguments(argv, argv + argc);
     if (const auto problem = CommandLine::problem(arguments)) {
-        tidewright::platform::writeStandardError("ERREUR : " + *problem + "\n");
+        tidewright::platform::writeStandardError(errorLine(*problem));
         return 2;
     }
     if (CommandLine::contains("--settings", arguments)) return print(settingsList());
-    if (CommandLine::contains("--headless", arguments)) return HeadlessRunner::run(arguments);
+    if (CommandLine::contains("--headless", arguments)) return runHeadless(arguments);
     if (CommandLine::contains("--help", arguments)) return print(helpText());
     if (CommandLine::contains("--version", arguments)) return print(versionText());
     becomeWindow(arguments);

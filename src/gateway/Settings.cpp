@@ -318,6 +318,13 @@ bool isFault(const Setting& setting) {
 
 }  // namespace
 
+std::optional<std::string> reasons(const std::vector<Refusal>& refusals) {
+    if (refusals.empty()) return std::nullopt;
+    std::string all;
+    for (const Refusal& each : refusals) all += (all.empty() ? "" : " ") + each.reason;
+    return all;
+}
+
 Settings::Settings(SimulationConfig& config, faults::FailureInjection& faults,
                    BoatSimulationEngine& engine, GatewaySimulator& gateway) {
     add("Réseau", networkRows(config));

@@ -21,6 +21,9 @@ struct Refusal {
     std::string reason;
 };
 
+/// The reasons of these, in one line; nothing where nothing was refused.
+std::optional<std::string> reasons(const std::vector<Refusal>& refusals);
+
 /// Every value that a person can change, declared once: command line, window, documentation and
 /// tests read this list. Its observers are told when any of them may have changed.
 class Settings : public platform::Observable {

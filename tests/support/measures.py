@@ -20,11 +20,21 @@ def cpu_seconds(pid):
     return (int(fields[11]) + int(fields[12])) / TICKS
 
 
-def resident_mib(pid):
+def memory_mib(pid, kind):
+    """Nothing once the process has ended."""
     for line in pathlib.Path(f"/proc/{pid}/status").read_text().splitlines():
-        if line.startswith("VmRSS"):
+        if line.startswith(kind):
             return int(line.split()[1]) / 1024
-    raise LookupError(f"no process {pid}")
+    return 0
+
+
+def resident_mib(pid):
+    return memory_mib(pid, "VmRSS")
+
+
+def peak_resident_mib(pid):
+    """The most that was resident since the program was loaded."""
+    return memory_mib(pid, "VmHWM")
 
 
 def descriptor_count(pid):
