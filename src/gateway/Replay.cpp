@@ -107,7 +107,7 @@ void Replay::awaitMore() {
 }
 
 void Replay::takeMore() {
-    awaitsMore_ = false;
+    if (!std::exchange(awaitsMore_, false)) return;
     if (options_.holdsRun) loop_.resume();
     takeTurn();
 }
