@@ -19,7 +19,7 @@ def run(command, app="", program=os.environ["TIDEWRIGHT_PROGRAM"]):
 
 
 class Example:
-    """What holds for every one of them; `command` runs it, `failed` is its status when the app does."""
+    """What holds for every one. `command` runs it; `failed` is its status when the app fails."""
 
     failed = 1
 
