@@ -68,7 +68,7 @@ TEST_F(ScenarioFileTest, thatComesWithTheProgramHasNoMistake) {
         EXPECT_FALSE(file.scenario->steps.empty()) << each.path();
         ++count;
     }
-    EXPECT_GE(count, 5);
+    EXPECT_GE(count, 8);
 }
 
 }  // namespace
