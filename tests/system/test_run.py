@@ -1,7 +1,6 @@
 """Runs with a clock and chance of their own: the same bytes again, recorded, to an end."""
 
 import hashlib
-import itertools
 import os
 import pathlib
 import re
@@ -9,7 +8,6 @@ import signal
 import socket
 import subprocess
 import tempfile
-import threading
 import time
 import unittest
 
