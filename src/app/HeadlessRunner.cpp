@@ -33,11 +33,6 @@ std::string nameOf(const std::string& file) {
     return file == "-" ? "la sortie standard" : file;
 }
 
-/// The same of what is read, at a sentence's beginning.
-std::string nameOfSource(const std::string& file) {
-    return file == "-" ? "L'entrée standard" : fmt::format("« {} »", file);
-}
-
 /// Why these settings were refused, in one line; nothing where they are written.
 std::optional<std::string> write(const gateway::Settings::Texts& texts,
                                  gateway::Assembly& assembly) {
@@ -144,7 +139,7 @@ void HeadlessRunner::beginReplay() {
     if (!run_.replay) return;
     const auto ended = [this](bool hadLines) {
         if (hadLines) return finish(0);
-        fail(2, fmt::format("{} ne contient aucune ligne.", nameOfSource(*run_.plan.replay)));
+        fail(2, network::withoutLines(*run_.plan.replay));
     };
     replay_ = std::make_unique<gateway::Replay>(
         *run_.clock, assembly_.gateway, std::move(run_.replay),

@@ -178,6 +178,10 @@ class Refused(Replays):
         self.assert_refused("-", "--replay-loop", text="L'entrée standard ne peut être relue : "
                                                        "--replay-loop veut un fichier.")
 
+    def test_standard_input_may_be_closed(self):
+        with Program("--headless", "--replay", "-", before=lambda: os.close(0)) as program:
+            self.assertEqual(program.wait(), (2, "", "ERREUR : L'entrée standard est fermée.\n"))
+
     def test_standard_input_that_ends_without_a_line_is_status_2_after_the_banner(self):
         for content in (b"", b"\r\n\n\r"):
             reader, writer = os.pipe()
