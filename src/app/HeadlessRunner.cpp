@@ -98,7 +98,7 @@ void HeadlessRunner::beginReplay() {
     if (!run_.replay) return;
     const auto ended = [this](bool hadLines) {
         if (hadLines) return finish(0);
-        fail(2, fmt::format("{} ne contient aucune ligne.", *run_.plan.replay));
+        fail(2, network::withoutLines(*run_.plan.replay));
     };
     replay_ = std::make_unique<gateway::Replay>(
         *run_.clock, assembly_.gateway, std::move(run_.replay),

@@ -54,25 +54,27 @@ private:
     bool hasEnded_ = false;
 };
 
+std::string nameOf(const std::string& path) {
+    return path == "-" ? "L'entrée standard" : fmt::format("« {} »", path);
+}
+
 std::string unreadable(const std::string& path, int error) {
     switch (error) {
         case ENOENT:
         case ENOTDIR:
-            return fmt::format("« {} » n'existe pas.", path);
+            return fmt::format("{} n'existe pas.", nameOf(path));
         case EISDIR:
-            return fmt::format("« {} » est un dossier.", path);
+            return fmt::format("{} est un dossier.", nameOf(path));
         case EACCES:
         case EPERM:
-            return fmt::format("« {} » : accès refusé.", path);
+            return fmt::format("{} : accès refusé.", nameOf(path));
+        case EBADF:
+            return fmt::format("{} est fermée.", nameOf(path));  // it alone can be
         default:
             break;
     }
-    return fmt::format("« {} » ne peut être lu ({}).", path,
+    return fmt::format("{} : lecture impossible ({}).", nameOf(path),
                        std::generic_category().message(error));
-}
-
-std::string withoutLines(const std::string& path) {
-    return fmt::format("« {} » ne contient aucune ligne.", path);
 }
 
 /// A named pipe is opened before anybody writes to it; reading an ordinary file waits all the same.
@@ -106,6 +108,10 @@ Opened openFile(const std::string& path, FileDescriptor file) {
 }
 
 }  // namespace
+
+std::string withoutLines(const std::string& path) {
+    return fmt::format("{} ne contient aucune ligne.", nameOf(path));
+}
 
 Opened openReplay(const std::string& path, platform::MainLoop& mainLoop) {
     FileDescriptor descriptor = openDescriptor(path);

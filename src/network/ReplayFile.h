@@ -19,4 +19,7 @@ namespace tidewright::network {
 std::variant<std::unique_ptr<LineSource>, std::string> openReplay(const std::string& path,
                                                                   platform::MainLoop& mainLoop);
 
+/// What to tell of `path`, in French, where its source ends without a line.
+std::string withoutLines(const std::string& path);
+
 }  // namespace tidewright::network

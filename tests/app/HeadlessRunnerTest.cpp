@@ -5,6 +5,7 @@
 #include "platform/PacedMainLoop.h"
 #include "platform/VirtualMainLoop.h"
 #include "support/PretendHost.h"
+#include "support/ScriptedLines.h"
 #include "support/ScriptedRandom.h"
 
 namespace tidewright::app {
@@ -88,6 +89,8 @@ TEST_F(HeadlessRunnerTest, saysThatMemoryLacksForTheFleet) {
     EXPECT_EQ(written, "ERREUR : Mémoire insuffisante pour 9223372036854775807 cibles AIS.\n");
 }
 
+const std::vector<std::string> noLines;
+
 /// A run with a clock of its own, on a machine whose time passes when the test says so.
 struct PacedRunTest : testing::Test {
     platform::VirtualMainLoop machine;
@@ -97,7 +100,7 @@ struct PacedRunTest : testing::Test {
     std::string written;
     std::optional<int> status;
 
-    HeadlessRunner run(Arguments options) {
+    HeadlessRunner run(Arguments options, std::unique_ptr<network::LineSource> replay = {}) {
         options.insert(options.begin(), {"tidewright", "--headless"});
         RunPlan plan = RunPlan::of(options);
         plan.seed = plan.seed.value_or(7);
@@ -108,6 +111,7 @@ struct PacedRunTest : testing::Test {
                                .end = [this](int its) { status = its; }},
                               {.plan = plan,
                                .clock = &clock,
+                               .replay = std::move(replay),
                                .hold = [this] { clock.hold(); },
                                .resume = [this] { clock.resume(); }});
     }
@@ -167,6 +171,21 @@ TEST_F(PacedRunTest, showsUtcInTheConsole) {
     host.utcOffset = 2h;
     const auto runner = run({"--duration", "1h"});
     EXPECT_EQ(runner.assembly().gateway.consoleLines().front().time, "00:00:00");
+}
+
+TEST_F(PacedRunTest, saysWhichSourceHeldNoLine) {
+    const auto runner = run({"--replay", "-"}, std::make_unique<network::ScriptedLines>(noLines));
+    machine.advance(1s);
+    EXPECT_EQ(status, 2);
+    EXPECT_TRUE(written.ends_with("\nERREUR : L'entrée standard ne contient aucune ligne.\n"));
+}
+
+TEST_F(PacedRunTest, namesTheFileThatHeldNoLine) {
+    const auto runner =
+        run({"--replay", "pipe"}, std::make_unique<network::ScriptedLines>(noLines));
+    machine.advance(1s);
+    EXPECT_EQ(status, 2);
+    EXPECT_TRUE(written.ends_with("\nERREUR : « pipe » ne contient aucune ligne.\n"));
 }
 
 TEST_F(PacedRunTest, refusesARecordingThatCannotBeginAndStartsNothing) {

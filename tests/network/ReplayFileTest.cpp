@@ -101,7 +101,8 @@ TEST_F(ReplayFileTest, saysWhyAFileCannotBeRead) {
     EXPECT_EQ(refusal("/dev/null/log"), "« /dev/null/log » n'existe pas.");
     EXPECT_EQ(refusal(""), "«  » n'existe pas.");
     EXPECT_EQ(refusal("/"), "« / » est un dossier.");
-    EXPECT_THAT(refusal(std::string(5000, 'x')), HasSubstr("ne peut être lu (File name too long)"));
+    EXPECT_THAT(refusal(std::string(5000, 'x')),
+                HasSubstr("lecture impossible (File name too long)"));
 }
 
 /// Nobody in particular, where the test is run by the administrator, for a while.
@@ -184,6 +185,19 @@ TEST_F(ReplayFileTest, opensStandardInputThatEndsWithoutALine) {
         const StandardInput input(file.number());
         EXPECT_THAT(linesOf(*open("-")), testing::IsEmpty()) << path;
     }
+}
+
+TEST_F(ReplayFileTest, saysWhyStandardInputCannotBeRead) {
+    const FileDescriptor folder(::open("/", O_RDONLY));
+    const StandardInput input(folder.number());
+    EXPECT_EQ(refusal("-"), "L'entrée standard est un dossier.");
+    ::close(STDIN_FILENO);
+    EXPECT_EQ(refusal("-"), "L'entrée standard est fermée.");
+}
+
+TEST_F(ReplayFileTest, namesASourceThatEndedWithoutALine) {
+    EXPECT_EQ(withoutLines("-"), "L'entrée standard ne contient aucune ligne.");
+    EXPECT_EQ(withoutLines("pipe"), "« pipe » ne contient aucune ligne.");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ import signal
 import socket
 import subprocess
 import sys
+import tempfile
 import time
 import unittest
 
@@ -19,17 +20,18 @@ from measures import cpu_seconds, descriptor_count, free_port, resident_mib  # n
 
 PROGRAM = os.environ["TIDEWRIGHT_PROGRAM"]
 EMULATOR = os.environ.get("TIDEWRIGHT_EMULATOR", "").split()  # runs it if made for another machine
+SANITIZED = bool(os.environ.get("TIDEWRIGHT_SANITIZED"))
 PATIENCE = 20.0  # seconds that anything here may take before the test fails
 
 
 class Program:
     """A running program, ended at the latest by the end of a `with` block. `prefix` is a command
-    that runs it; `before` is called in its process beforehand."""
+    that runs it; `before` is called in its process beforehand; `stdin` is what it reads."""
 
-    def __init__(self, *arguments, env=None, prefix=(), before=None):
+    def __init__(self, *arguments, env=None, prefix=(), before=None, stdin=subprocess.DEVNULL):
         self.process = subprocess.Popen(
             [*prefix, *EMULATOR, PROGRAM, *arguments],
-            stdin=subprocess.DEVNULL,
+            stdin=stdin,
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             env={**os.environ, **(env or {})},
@@ -116,6 +118,42 @@ class Client:
         while piece := self.socket.recv(65536):
             data += piece
         return data
+
+
+class Files(unittest.TestCase):
+    """Has a folder for files, and in it the path of one."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.path = os.path.join(folder.name, "log")
+
+    def content(self):
+        return pathlib.Path(self.path).read_bytes()
+
+    def write(self, name, content):
+        """The path of a file in that folder which holds `content`."""
+        path = pathlib.Path(self.path).with_name(name)
+        path.write_bytes(content)
+        return str(path)
+
+
+def run(*arguments, **options):
+    """What became of a headless run that ends by itself."""
+    options.setdefault("stdin", subprocess.DEVNULL)
+    return subprocess.run([*EMULATOR, PROGRAM, "--headless", *arguments], capture_output=True,
+                          timeout=3 * PATIENCE, check=False, **options)
+
+
+def port_of(program):
+    """Where a program with --free-port listens."""
+    return int(re.search(r"TCP  \S+:(\d+)", program.read_errors_until("Ctrl-C"))[1])
+
+
+def lines(data):
+    """The sentences of a recording, without their line ends."""
+    assert data.endswith(b"\r\n"), data[-100:]
+    return data.decode("ascii").split("\r\n")[:-1]
 
 
 def connect(port, host="127.0.0.1"):

@@ -8,10 +8,9 @@ import subprocess
 import tempfile
 import unittest
 
-from program import PROGRAM, Program, free_port, french_locale, main
+from program import PROGRAM, SANITIZED, Program, free_port, french_locale, main
 
 WITHOUT_PROC = ("unshare", "--mount", "sh", "-c", 'mount -t tmpfs none /proc && exec "$0"')
-SANITIZED = bool(os.environ.get("TIDEWRIGHT_SANITIZED"))
 LANGUAGES = {"C": {"LC_ALL": "C", "LANG": "C"}, "C.UTF-8": {"LC_ALL": "C.UTF-8", "LANG": "C.UTF-8"}}
 
 

@@ -1,7 +1,6 @@
 """Runs with a clock and chance of their own: the same bytes again, recorded, to an end."""
 
 import hashlib
-import itertools
 import os
 import pathlib
 import re
@@ -9,19 +8,14 @@ import signal
 import socket
 import subprocess
 import tempfile
-import threading
 import time
 import unittest
 
-from program import EMULATOR, PATIENCE, PROGRAM, Client, Program, free_port, has_right_checksum, main
+from program import (EMULATOR, PATIENCE, PROGRAM, Client, Files, Program, free_port,
+                     has_right_checksum, lines, main, port_of, run)
 
 NOON = ("--seed", "7", "--start", "2026-06-01T12:00:00Z")
 DRAWING_FAULTS = ("--set", "faults.loss=30")
-
-
-def run(*arguments, **options):
-    return subprocess.run([*EMULATOR, PROGRAM, "--headless", *arguments], capture_output=True,
-                          timeout=3 * PATIENCE, check=False, **options)
 
 
 def recorded(*arguments):
@@ -31,29 +25,7 @@ def recorded(*arguments):
     return done.stdout
 
 
-def lines(data):
-    assert data.endswith(b"\r\n")
-    return data.decode("ascii").split("\r\n")[:-1]
-
-
-def port_of(program):
-    """Where a program with --free-port listens."""
-    return int(re.search(r"TCP  \S+:(\d+)", program.read_errors_until("Ctrl-C"))[1])
-
-
-class File(unittest.TestCase):
-    """Has a folder for recordings."""
-
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.path = os.path.join(folder.name, "log")
-
-    def content(self):
-        return pathlib.Path(self.path).read_bytes()
-
-
-class Repeats(File):
+class Repeats(Files):
     def digest(self, speed, *arguments, duration="6s", busy=False):
         """Of what a run at `speed` records; with `busy`, beside as many busy processes as cores."""
         load = [subprocess.Popen(["sh", "-c", "while :; do :; done"])
@@ -151,7 +123,7 @@ class Faults(unittest.TestCase):
             self.assertEqual(int(other) - int(one), 500)
 
 
-class Recording(File):
+class Recording(Files):
     def test_holds_what_a_client_gets(self):
         with Program("--headless", "--output", self.path, "--free-port", "--duration",
                      "3s") as program, Client(port_of(program)) as client:
