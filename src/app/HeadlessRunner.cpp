@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "app/ErrorLine.h"
+#include "network/ReplayFile.h"
 #include "platform/TimeText.h"
 
 namespace tidewright::app {
@@ -150,6 +151,8 @@ void HeadlessRunner::finish(int status) {
         terminal_.write(errorLine(gateway.lastError->value()));
         status = 1;
     }
+    if (status == 0 && scenario_ && !scenario_->isComplete())
+        terminal_.write("ATTENTION : la simulation s'arrête avant la fin du scénario.\n");
     run_.hold();
     watchTimer_.reset();
     assembly_.gateway.finish();

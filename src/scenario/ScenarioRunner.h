@@ -33,6 +33,9 @@ public:
     /// after the gateway was started.
     void begin();
 
+    /// Whether every step was played, or one that ends the run.
+    bool isComplete() const { return isOver_ || next_ == scenario_.steps.size(); }
+
     /// Whether the gateway is stopped because a step wanted that.
     bool stoppedOnPurpose() const { return isStopWanted_ && !assembly_.gateway.isRunning; }
 

@@ -120,6 +120,12 @@ class Verdict(Scenarios):
         self.assertGreaterEqual(len(lines(data)), 50)
 
 
+    def test_is_said_to_be_missing_where_the_run_ends_before_the_scenario(self):
+        waits = "steps: [{within: 1m, expect: {clients: 1}}]"
+        said, _ = self.played(waits, "--duration", "5s", "--speed", "10")
+        self.assertEqual(said, "ATTENTION : la simulation s'arrête avant la fin du scénario.\n")
+
+
 class Mistakes(Scenarios):
     def test_are_told_all_at_once_each_with_its_place(self):
         self.assert_refused(
