@@ -17,6 +17,8 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// Nothing where it cannot be read; one byte too many where it is too large.
 std::optional<std::string> contentOf(const std::string& path) {
+    std::error_code unknown;
+    if (std::filesystem::is_directory(path, unknown)) return std::nullopt;
     std::ifstream file(path, std::ios::binary);
     std::string content(largestScenario + 1, '\0');
     if (!file.read(content.data(), static_cast<std::streamsize>(content.size())) && !file.eof())
