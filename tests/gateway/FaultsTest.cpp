@@ -4,6 +4,7 @@
 
 #include "encoding/NMEAChecksum.h"
 #include "gateway/GatewayFixture.h"
+#include "platform/PacedMainLoop.h"
 
 namespace tidewright::gateway {
 namespace {
@@ -196,6 +197,22 @@ TEST_F(FaultsTest, leaveTheGatewaySilentWhereNothingGetsOut) {
     EXPECT_TRUE(gateway.isSilent());
     faults.packetLossPercent = 99;
     EXPECT_FALSE(gateway.isSilent());
+}
+
+/// A run ten times as fast as the machine.
+TEST(ConnectionFaultsTest, goByTheMachineSClockInARunWithOneOfItsOwn) {
+    platform::VirtualMainLoop machine;
+    platform::PacedMainLoop run(machine, GatewayFixture::noon, 10);
+    ScriptedRandom random;
+    PretendHost host;
+    Assembly assembly(host.host(run, machine, random));
+    assembly.faults.randomDisconnections = true;
+    assembly.gateway.start();
+    host.tcp->onClientsChanged(network::numberedClients({"192.168.1.20"}));
+    machine.advance(7999ms);
+    EXPECT_EQ(host.tcp->dropAllClientsCalls, 0);
+    machine.advance(1ms);
+    EXPECT_EQ(host.tcp->dropAllClientsCalls, 1);
 }
 
 }  // namespace

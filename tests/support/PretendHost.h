@@ -23,12 +23,18 @@ struct PretendHost {
 
     /// For one gateway.
     gateway::Host host(platform::MainLoop& loop, platform::RandomSource& random) {
+        return host(loop, loop, random);
+    }
+
+    /// The same, where the run has a clock of its own.
+    gateway::Host host(platform::MainLoop& loop, platform::MainLoop& machineLoop,
+                       platform::RandomSource& random) {
         auto stream = std::make_unique<network::RecordingStreamServer>();
         auto datagrams = std::make_unique<network::RecordingDatagramSender>();
         tcp = stream.get();
         udp = datagrams.get();
         return {.loop = loop,
-                .machineLoop = loop,
+                .machineLoop = machineLoop,
                 .random = random,
                 .tcp = std::move(stream),
                 .udp = std::move(datagrams),
