@@ -37,7 +37,7 @@ public:
     static constexpr std::size_t capacity = 600;
 
     /// In bytes. What is longer is cut there, at a character's end, and "…" follows.
-    static constexpr std::size_t longestText = 1024;
+    static constexpr std::size_t longestText = 8192;
 
     /// `random` must outlive this.
     ConsoleLog(platform::RandomSource& random, platform::UtcOffset utcOffset);

@@ -141,8 +141,10 @@ Scenario Reader::read(const YamlNode& root) {
 }
 
 void Reader::complainOfUnknown(const YamlNode& name, std::string_view what, const Names& known) {
-    complain(name.offset, fmt::format("« {} » n'est pas {} ; le plus proche est « {} ».", name.text,
-                                      what, gateway::nearestName(name.text, known)));
+    const bool isFeminine = what.starts_with("une ");
+    complain(name.offset,
+             fmt::format("« {} » n'est pas {} ; {} plus proche est « {} ».", name.text, what,
+                         isFeminine ? "la" : "le", gateway::nearestName(name.text, known)));
 }
 
 /// Whether `node` is a map that holds something; complains where it is not.

@@ -24,24 +24,25 @@ TEST_F(ConsoleLogTest, keepsASentenceWithoutItsLineEnd) {
 }
 
 TEST_F(ConsoleLogTest, cutsALongTextShort) {
-    const std::string text(1024, 'a');
+    const std::string text(ConsoleLog::longestText, 'a');
     gateway.log("TCP", text + "\r\n");
     EXPECT_EQ(gateway.consoleLines().back().text, text);
     gateway.log("TCP", text + "b\r\n");
     EXPECT_EQ(gateway.consoleLines().back().text, text + "…");
     gateway.log("TCP", std::string(8 << 20, 'a'));
     EXPECT_EQ(gateway.consoleLines().back().text, text + "…");
-    EXPECT_LT(gateway.consoleLines().back().text.capacity(), 4096U);
+    EXPECT_LT(gateway.consoleLines().back().text.capacity(), 2 * ConsoleLog::longestText);
 }
 
 TEST_F(ConsoleLogTest, cutsALongTextBetweenTwoCharacters) {
-    for (const std::size_t before : {1021U, 1022U, 1023U}) {
-        const std::string front(before, 'a');
+    for (const std::size_t missing : {3U, 2U, 1U}) {
+        const std::string front(ConsoleLog::longestText - missing, 'a');
         gateway.log("TCP", front + "\xF0\x9F\x90\x9F and more");
         EXPECT_EQ(gateway.consoleLines().back().text, front + "…");
     }
-    gateway.log("TCP", std::string(2000, '\x80'));
-    EXPECT_EQ(gateway.consoleLines().back().text, std::string(1021, '\x80') + "…");
+    gateway.log("TCP", std::string(20'000, '\x80'));
+    EXPECT_EQ(gateway.consoleLines().back().text,
+              std::string(ConsoleLog::longestText - 3, '\x80') + "…");
 }
 
 TEST_F(ConsoleLogTest, losesWhatIsLoggedWhilePaused) {

@@ -119,8 +119,8 @@ TEST(ScenarioReaderTest, refusesUnknownWordsAndSuggestsTheNearest) {
                     "2:7 « faults.los » n'est pas un réglage ; le plus proche est « faults.loss ».",
                     "4:5 cette étape ne fait rien : il faut set, do, say, expect ou end.",
                     "4:14 « doo » n'est pas un mot connu ici ; le plus proche est « do ».",
-                    "5:18 « takc » n'est pas une action ; le plus proche est « tack ».",
-                    "6:23 « client » n'est pas une attente ; le plus proche est « clients ».",
+                    "5:18 « takc » n'est pas une action ; la plus proche est « tack ».",
+                    "6:23 « client » n'est pas une attente ; la plus proche est « clients ».",
                     "6:44 « mni » n'est pas un mot connu ici ; le plus proche est « min »."));
 }
 

@@ -146,7 +146,7 @@ class Mistakes(Scenarios):
             "3:7: « faults.los » n'est pas un réglage ; le plus proche est « faults.loss ».",
             "6:24: « faults.loss » : « 120 » est refusé ; il faut un nombre entier de 0 à 100 %.",
             "7:9: « at » : « 5s » est avant l'étape précédente.",
-            "9:16: « takc » n'est pas une action ; le plus proche est « tack ».",
+            "9:16: « takc » n'est pas une action ; la plus proche est « tack ».",
             "10:5: « within » ne va pas sans « expect ».",
             "12:59: « max » : 1 est au-dessous de min, 3.",
             "13:5: cette étape ne fait rien : il faut set, do, say, expect ou end.")
