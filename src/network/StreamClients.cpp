@@ -125,7 +125,10 @@ void StreamClients::whenAllSent(Closed sent) {
 void StreamClients::lookWhetherAllIsSent() {
     const bool isAllSent = std::ranges::all_of(
         clients_, [](const auto& client) { return client.second->hasSentAll(); });
-    if (isAllSent || looksLeft_-- == 0) return std::exchange(whenAllSent_, {})();
+    if (isAllSent || looksLeft_-- == 0) {
+        pause_.reset();
+        return std::exchange(whenAllSent_, {})();
+    }
     pause_->expires_after(betweenLooks);
     pause_->async_wait([this](const asio::error_code& error) {
         if (!error) lookWhetherAllIsSent();

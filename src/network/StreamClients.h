@@ -88,7 +88,7 @@ private:
     std::vector<Closed> whenClosed_;
     Closed whenAllSent_;
     int looksLeft_ = 0;
-    std::unique_ptr<asio::steady_timer> pause_;
+    std::unique_ptr<asio::steady_timer> pause_;  // between looks; gone before the queue is
 };
 
 }  // namespace tidewright::network
