@@ -124,7 +124,7 @@ void StreamClients::whenAllSent(Closed sent) {
 
 void StreamClients::lookWhetherAllIsSent() {
     const bool isAllSent = std::ranges::all_of(
-        clients_, [](const auto& client) { return client.second->hasSentAll(); });
+        clients_, [](const auto& client) { return client.second->hasEverything(); });
     if (isAllSent || looksLeft_-- == 0) {
         pause_.reset();
         return std::exchange(whenAllSent_, {})();

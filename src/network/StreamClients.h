@@ -49,8 +49,8 @@ public:
     /// Closes the client of this number likewise; whether somebody has it.
     bool close(std::uint64_t number);
 
-    /// Calls `sent` when every client who is there was sent everything, or after two seconds, at
-    /// once or later. To be called once.
+    /// Calls `sent` when every client who is there has everything, or after two seconds, at once or
+    /// later. To be called once.
     void whenAllSent(Closed sent);
 
     /// Calls `closed` when no client is being closed, at once or later.

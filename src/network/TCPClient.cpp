@@ -113,6 +113,12 @@ void TCPClient::sendOn() {
     send();
 }
 
+bool TCPClient::hasEverything() {
+    const int socket = socket_.native_handle();
+    const bool isAcknowledged = reader_.isAtEndOf(tape_) && isAllAcknowledged(socket);
+    return isAcknowledged || hasFailed(socket);
+}
+
 bool TCPClient::isReadyToClose() {
     finishSentence();
     const int socket = socket_.native_handle();

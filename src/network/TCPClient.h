@@ -46,8 +46,8 @@ public:
     /// itself when there is room again.
     void send();
 
-    /// Whether nothing that is on the tape is still to be handed to the system.
-    bool hasSentAll() const { return reader_.isAtEndOf(tape_); }
+    /// Whether everything on the tape was sent and acknowledged, or never will be.
+    bool hasEverything();
 
     /// Sends the rest of the sentence begun, if there is room for it. Whether nothing more is to be
     /// waited for: all that was sent is acknowledged, in whole sentences, or never will be.
